@@ -1,0 +1,7 @@
+// The one header that a host includes.
+#pragma once
+
+#include "dump/ebo_dump.h"
+#include "ebo_lifecycle.h"
+#include "ebo_params.h"
+#include "parse/ebo_parse.h"

@@ -1,0 +1,252 @@
+// The parameter records of the voice pipeline and the bits of their enable masks.
+//
+// This is the contract with the signal-processing engine, which is compiled against the same records: the
+// order and the width of every field are fixed. All records are plain; a pointer owns what it points at
+// unless its comment says otherwise. A quoted word is the key of the tuning file that fills the field. Units
+// that only the engine knows are not stated: the library carries such values unchanged.
+#pragma once
+
+#include <cstdint>
+
+// ---------------------------------------------------------------------------------------------- enable bits
+
+// KAEboParam::model_en: which paths are configured.
+enum : int32_t {
+    EBO_PATH_AEC = 0x1,  // echo canceller, section "aec"
+    EBO_PATH_BF = 0x2,   // beamformer, section "bf"
+    EBO_PATH_RX = 0x4,   // playback
+};
+
+// EboAecParam::model_aec_en
+enum : int32_t {
+    EBO_AEC_DELAY = 0x1,    // a delay-estimator record is attached in `delay`
+    EBO_AEC_CHN_MAP = 0x2,  // `Array_list` is a map from the file, owned by the record
+};
+
+// EboBeamFormParam::model_en: the modules of the capture chain. 0x200 and 0x2000 mean nothing.
+enum : int32_t {
+    EBO_BF_FAST_AEC = 0x1,      // section "fast_aec"
+    EBO_BF_WAKEUP = 0x2,        // section "wakeup"
+    EBO_BF_DEREVERB = 0x4,      // section "dereverb"
+    EBO_BF_NLP = 0x8,           // section "nlp"
+    EBO_BF_AES = 0x10,          // section "aes"
+    EBO_BF_AGC = 0x20,          // section "agc"
+    EBO_BF_ANR = 0x40,          // section "anr" of the capture path
+    EBO_BF_GSC = 0x80,          // section "gsc"
+    EBO_BF_GSC_METHOD = 0x100,  // "method" of "gsc" is 1, whatever the section's status
+    EBO_BF_DTD = 0x400,         // section "dtd"
+    EBO_BF_CNG = 0x800,         // section "cng"
+    EBO_BF_EQ = 0x1000,         // no section sets it
+    EBO_BF_HOWL = 0x4000,       // section "howl" of the capture path
+    EBO_BF_DOA = 0x8000,        // section "doa"
+    EBO_BF_WIND = 0x10000,      // section "wind"
+    EBO_BF_AINR = 0x20000,      // section "ainr"
+};
+
+// EboRxParam::model_en: the modules of the playback path. A name space of its own: 0x2 is not the wake-up
+// here.
+enum : int32_t {
+    EBO_RX_ANR = 0x1,   // section "anr" of the playback path
+    EBO_RX_HOWL = 0x2,  // section "howl" of the playback path
+};
+
+// ------------------------------------------------------------------------------- module records, capture
+// path
+
+// Section "delay": estimator of the delay between loudspeaker reference and microphones.
+struct EboDelayParam {
+    int16_t MaxFrame;     // "MaxFrame"
+    int16_t LeastDelay;   // no key fills it: 0 in every record that was read
+    int16_t JumpFrame;    // "JumpFrame"
+    int16_t DelayOffset;  // "DelayOffset"
+    int16_t MicAmpThr;    // "MicAmpThr": microphone amplitude threshold
+    int16_t RefAmpThr;    // "RefAmpThr": reference amplitude threshold
+    int16_t StartFreq;    // "StartFreq": lower end of the band that is looked at
+    int16_t EndFreq;      // "EndFreq": upper end of that band
+    float SmoothFactor;   // "SmoothFactor"
+};
+
+// Section "wakeup": wake-word detection.
+struct EboWakeupParam {
+    int32_t mode;           // "mode": 1 oneshot only, 2 wakeup + command, 3 both
+    int32_t wakeup_frames;  // "wakeup_frames": a count of frames, 180 unless the file says otherwise
+    int32_t wakeup_words;   // "wakeup_words": number of wake words
+    char* model_word1;      // "model_word1": null when missing or empty
+    char* model_word2;      // "model_word2": null when missing or empty
+};
+
+// Section "doa": direction-of-arrival estimation.
+struct EboDoaParam {
+    float rad;             // "rad"
+    int16_t start_freq;    // "start_freq"
+    int16_t end_freq;      // "end_freq"
+    int16_t lg_num;        // "lg_num"
+    int16_t lg_pitch_num;  // "lg_pitch_num"
+};
+
+// Section "howl": howling (acoustic feedback) suppression, of either path.
+struct EboHowlParam {
+    int16_t mode;  // "mode"
+};
+
+// ------------------------------------------------------------------------------- module records, enhancement
+
+// Section "anr": noise reduction, of either path.
+struct EboAnrParam {
+    float noiseFactor;     // "noiseFactor"
+    int32_t swU;           // "swU"
+    float psiMin;          // "psiMin"
+    float psiMax;          // "psiMax"
+    float fGmin;           // "fGmin"
+    int16_t Sup_Freq1;     // "Sup_Freq1"
+    int16_t Sup_Freq2;     // "Sup_Freq2"
+    float Sup_Energy1;     // "Sup_Energy1"
+    float Sup_Energy2;     // "Sup_Energy2"
+    int16_t InterV;        // "InterV"
+    float BiasMin;         // "BiasMin"
+    int16_t UpdateFrm;     // "UpdateFrm"
+    float NPreGammaThr;    // "NPreGammaThr"
+    float NPreZetaThr;     // "NPreZetaThr"
+    float SabsGammaThr0;   // "SabsGammaThr0"
+    float SabsGammaThr1;   // "SabsGammaThr1"
+    float InfSmooth;       // "InfSmooth"
+    float ProbSmooth;      // "ProbSmooth"
+    float CompCoeff;       // "CompCoeff"
+    float PrioriMin;       // "PrioriMin"
+    float PostMax;         // "PostMax"
+    float PrioriRatio;     // "PrioriRatio"
+    float PrioriRatioLow;  // "PrioriRatioLow"
+    int32_t SplitBand;     // "SplitBand"
+    float PrioriSmooth;    // "PrioriSmooth"
+    int16_t TranMode;      // "TranMode"
+};
+
+// Section "aes": acoustic echo suppression. A table's rows are the keys "<field>_0", "<field>_1" ...
+struct EboAesParam {
+    float beta_up;                // "beta_up"
+    float beta_down;              // "beta_down"
+    float beta_up_low;            // "beta_up_low"
+    float beta_down_low;          // "beta_down_low"
+    int16_t low_freq;             // "low_freq"
+    int16_t high_freq;            // "high_freq"
+    int16_t thd_flag;             // "thd_flag"
+    int16_t hard_flag;            // "hard_flag"
+    float LimitRatio[2][3];       // "LimitRatio_0", "LimitRatio_1"
+    int16_t ThdSplitFreq[4][2];   // "ThdSplitFreq_0" to "ThdSplitFreq_3"
+    float ThdSupDegree[4][10];    // "ThdSupDegree_0" to "ThdSupDegree_3"
+    int16_t HardSplitFreq[5][2];  // "HardSplitFreq_0" to "HardSplitFreq_4"
+    float HardThreshold[4];       // "HardThreshold"
+};
+
+// One band of the non-linear processing.
+struct EboNlpBand {
+    int16_t band_pass_thd;     // the band's number in "band_pass_thd"
+    int16_t super_est_factor;  // the band's number in "super_est_factor"
+};
+
+// Section "nlp": non-linear processing.
+struct EboNlpParam {
+    EboNlpBand bands[8];  // band 0 first
+};
+
+// Section "ainr": neural noise reduction.
+struct EboAiNRParam {
+    char* model_path;  // "model_path": the model's file, null when missing, empty or not enabled
+};
+
+// Section "dereverb": dereverberation.
+struct EboDereverbParam {
+    int32_t rlsLg;     // "rlsLg"
+    int32_t curveLg;   // "curveLg"
+    int32_t delay;     // "delay"
+    float forgetting;  // "forgetting"
+    float t60;         // "t60"
+    float coCoeff;     // "coCoeff"
+};
+
+// Section "cng": comfort-noise generation.
+struct EboCngParam {
+    float fGain;         // "fGain": gain
+    float fMpy;          // "fMpy": multiplier
+    float fSmoothAlpha;  // "fSmoothAlpha": smoothing constant
+    float fSpeechGain;   // "fSpeechGain": gain during speech
+};
+
+// Section "dtd": double-talk detection.
+struct EboDtdParam {
+    float ksiThd_high;  // "ksiThd_high": upper threshold
+    float ksiThd_low;   // "ksiThd_low": lower threshold, not required to lie below the upper
+};
+
+// Section "agc": automatic gain control. The order of the fields is not the order of the keys.
+struct EboAgcParam {
+    float attack_time;     // "attack_time"
+    float release_time;    // "release_time"
+    float max_gain;        // "max_gain": highest gain
+    float max_peak;        // "max_peak": highest output peak
+    float fRth0;           // "fRth0": level threshold 0
+    float fRk0;            // "fRk0": coefficient 0
+    float fRth1;           // "fRth1": level threshold 1
+    int32_t sample_rate;   // no key: 16000 (Hz)
+    int32_t frame_len;     // no key: 256 (samples)
+    float attenuate_time;  // "attenuate_time"
+    float fRth2;           // "fRth2": level threshold 2
+    float fRk1;            // "fRk1": coefficient 1
+    float fRk2;            // "fRk2": coefficient 2
+    float fLineGainDb;     // "fLineGainDb": line gain, dB
+    int32_t swSmL0;        // "swSmL0": first smoothing length
+    int32_t swSmL1;        // "swSmL1": second smoothing length
+    int32_t swSmL2;        // "swSmL2": third smoothing length
+};
+
+// ----------------------------------------------------------------------------------------- container records
+
+// Section "aec": echo canceller.
+struct EboAecParam {
+    int32_t pos;               // no key: 1 by default, 0 in a record that was read
+    int32_t drop_ref_channel;  // "drop_ref_channel": 0, or 1 for any other value
+    int32_t model_aec_en;      // EBO_AEC_ bits
+    int32_t delay_len;         // "delay_len"
+    int32_t look_ahead;        // "look_ahead"
+    int16_t*
+        Array_list;  // "mic_chn_map": channel numbers, as many as the key's count says; null without a map.
+                     // Owned with EBO_AEC_CHN_MAP; a default record points at the shared map `Array`.
+    int16_t filter_len;    // "filter_len"
+    EboDelayParam* delay;  // section "delay"; null when missing, incomplete or disabled
+};
+
+// Section "bf": beamformer, and the chain of modules behind it.
+struct EboBeamFormParam {
+    int32_t model_en;          // EBO_BF_ bits
+    int32_t ref_pos;           // no key: 1 by default, 0 in a record that was read
+    int32_t targ;              // "targ"
+    int32_t num_ref_channel;   // no key: 1 by default, 0 in a record that was read
+    int32_t drop_ref_channel;  // "drop_ref_channel": 0, or 1 for any other value
+    EboDereverbParam* dereverb;
+    EboAesParam* aes;
+    EboNlpParam* nlp;
+    EboAnrParam* anr;
+    EboAgcParam* agc;
+    EboCngParam* cng;
+    EboDtdParam* dtd;
+    void* reserved;  // never created, filled, printed or freed
+    EboHowlParam* howl;
+    EboDoaParam* doa;
+    EboWakeupParam* wakeup;
+    EboAiNRParam* ainr;
+};
+
+// Playback path.
+struct EboRxParam {
+    int32_t model_en;  // EBO_RX_ bits
+    EboAnrParam* anr;
+    EboHowlParam* howl;
+};
+
+// Root of one tuning.
+struct KAEboParam {
+    int32_t model_en;  // EBO_PATH_ bits
+    EboAecParam* aec;
+    EboBeamFormParam* bf;
+    EboRxParam* rx;
+};

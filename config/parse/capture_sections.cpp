@@ -1,0 +1,90 @@
+// Sections "wakeup", "doa" and "howl": wake-up, direction of arrival, howling suppression.
+#include "ebo_parse.h"
+#include "section_reader.h"
+
+namespace {
+
+// clang-format off
+// Every key is optional here, the status included.
+#define WAKEUP(field) EBO_NUMBER_OPTIONAL(EboWakeupParam, field)
+constexpr EboKeyRow kWakeupKeys[] = {
+    EBO_STATUS_OPTIONAL,
+    WAKEUP(wakeup_frames),
+    WAKEUP(wakeup_words),
+    WAKEUP(mode),
+    EBO_WORD_OPTIONAL(EboWakeupParam, model_word1),
+    EBO_WORD_OPTIONAL(EboWakeupParam, model_word2),
+};
+
+#define DOA(field, text) EBO_NUMBER(EboDoaParam, field, text)
+constexpr EboKeyRow kDoaKeys[] = {
+    EBO_STATUS("find doa status failed"),
+    DOA(rad, "find doa rad failed"),
+    DOA(start_freq, "find doa start_freq failed"),
+    DOA(end_freq, "find doa end_freq failed"),
+    DOA(lg_num, "find doa lg_num failed"),
+    DOA(lg_pitch_num, "find doa lg_pitch_num failed"),
+};
+
+constexpr EboKeyRow kHowlKeys[] = {
+    EBO_STATUS("find howl status failed"),
+    EBO_NUMBER(EboHowlParam, mode, "find howl mode failed"),
+};
+// clang-format on
+
+void reviewWords(int32_t words, const char* function) {
+    if (words != 0) return;
+    ka_err(EBO_ERROR, EBO_RED("the wakeup word is 0, please configure it which you need\n"), function,
+           __LINE__);
+}
+
+// The list offers mode 0 and the check refuses it, on purpose.
+void reviewMode(int32_t mode, const char* function) {
+    if (mode < 1 || mode > 3) {
+        ka_err(EBO_ERROR, EBO_RED("Invalid mode: %d, please check mode follow these:"), function, __LINE__,
+               mode);
+        ka_err(EBO_ERROR, EBO_RED("    mode0 - none"), function, __LINE__);
+        ka_err(EBO_ERROR, EBO_RED("    mode1 - oneshot only"), function, __LINE__);
+        ka_err(EBO_ERROR, EBO_RED("    mode2 - wakeup + command"), function, __LINE__);
+        ka_err(EBO_ERROR, EBO_RED("    mode3 - (oneshot) and (wakeup + command)"), function, __LINE__);
+    }
+    ka_log(EBO_NOTICE, EBO_GREEN("Current wakeup mode is: %d\n"), function, __LINE__, mode);
+}
+
+}  // namespace
+
+const EboSection kEboWakeupSection =
+    eboSection<EboWakeupParam>("wakeup", kWakeupKeys, EBO_BF_WAKEUP, "wakeup != KA_NULL");
+const EboSection kEboDoaSection = eboSection<EboDoaParam>("doa", kDoaKeys, EBO_BF_DOA, "doa != KA_NULL");
+const EboSection kEboHowlSection =
+    eboSection<EboHowlParam>("howl", kHowlKeys, EBO_BF_HOWL, "howl != KA_NULL", nullptr, EBO_RX_HOWL);
+
+// Reads its keys by the bit in the mask, not by its own status: a bit that was set before counts too.
+// Doubtful values are reported as soon as they are read.
+EboWakeupParam* parseEboWakeupConfigs(void* parser, const char* root, int* model_en) {
+    if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
+    const EboReading reading(kEboWakeupSection, parser, root, __func__);
+    auto* wakeup = static_cast<EboWakeupParam*>(
+        eboMakeRecord(kEboWakeupSection.recordSize, kEboWakeupSection.assertion, EBO_HERE));
+    eboReadStatus(reading, kEboWakeupSection.bit, model_en);
+    if ((*model_en & EBO_BF_WAKEUP) == 0) return wakeup;
+
+    wakeup->wakeup_frames = 180;
+    const EboKeyRow* row = kWakeupKeys + 1;
+    eboReadKey(reading, *row++, wakeup);  // wakeup_frames
+    eboReadKey(reading, *row++, wakeup);  // wakeup_words
+    reviewWords(wakeup->wakeup_words, __func__);
+    eboReadKey(reading, *row++, wakeup);  // mode
+    reviewMode(wakeup->mode, __func__);
+    eboReadKey(reading, *row++, wakeup);  // model_word1
+    eboReadKey(reading, *row++, wakeup);  // model_word2
+    return wakeup;
+}
+
+EboDoaParam* parseEboDoaConfigs(void* parser, const char* root, int* model_en) {
+    return readSection<EboDoaParam>(kEboDoaSection, parser, root, model_en, EBO_HERE);
+}
+
+EboHowlParam* parseEboHowlConfigs(void* parser, const char* root, int* model_en) {
+    return readSection<EboHowlParam>(kEboHowlSection, parser, root, model_en, EBO_HERE);
+}

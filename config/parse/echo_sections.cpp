@@ -1,0 +1,113 @@
+// Sections "aes", "nlp" and "dtd": echo suppression, non-linear processing, double-talk detection.
+//
+// Rows of numbers are texts; a short row is not an error. What it does not supply stays zero, with two
+// exceptions that are stated where they are made.
+#include <iterator>
+
+#include "ebo_parse.h"
+#include "row_scan.h"
+#include "section_reader.h"
+
+namespace {
+
+void takeFloats(const EboKeyRow& row, const char* text, void* record, const char* /*function*/) {
+    auto* field = reinterpret_cast<float*>(static_cast<char*>(record) + row.offset);
+    EboScanner scanner(text);
+    for (uint8_t i = 0; i < row.count && scanner.real(&field[i]); ++i) {
+    }
+}
+
+// A second integer that the text does not supply is the upper half of the first, on purpose: the engine has
+// always been handed 32-bit conversions laid over 16-bit fields.
+void takeIntPair(const EboKeyRow& row, const char* text, void* record, const char* /*function*/) {
+    auto* field = reinterpret_cast<int16_t*>(static_cast<char*>(record) + row.offset);
+    int32_t first = 0;
+    int32_t second = 0;
+    EboScanner scanner(text);
+    if (!scanner.integer(&first)) return;
+    if (!scanner.integer(&second)) second = static_cast<int32_t>(static_cast<uint32_t>(first) >> 16);
+    field[0] = static_cast<int16_t>(first);
+    field[1] = static_cast<int16_t>(second);
+}
+
+constexpr uint8_t kBands = std::extent_v<decltype(EboNlpParam::bands)>;
+
+// A super_est_factor that the text does not supply is the band's band_pass_thd, on purpose: both texts share
+// their scratch. A band_pass_thd that the text does not supply stays zero.
+void takeBands(const EboKeyRow& row, const char* text, void* record, const char* /*function*/) {
+    auto* nlp = static_cast<EboNlpParam*>(record);
+    int32_t scratch[kBands];
+    for (size_t i = 0; i < kBands; ++i) scratch[i] = nlp->bands[i].band_pass_thd;
+    EboScanner scanner(text);
+    eboScanIntList(scanner, scratch, kBands);
+    for (size_t i = 0; i < kBands; ++i) {
+        auto* field = reinterpret_cast<char*>(&nlp->bands[i]) + row.offset;
+        *reinterpret_cast<int16_t*>(field) = static_cast<int16_t>(scratch[i]);
+    }
+}
+
+// clang-format off
+#define AES(field, text) EBO_NUMBER(EboAesParam, field, text)
+#define AES_FLOATS(key, place, text) EBO_TEXT(key, FloatRow, std::extent_v<decltype(EboAesParam::place)>, offsetof(EboAesParam, place), takeFloats, EBO_RED(text))
+#define AES_FLOATS_OF(key, table, r, text) EBO_TEXT(key, FloatRow, (std::extent_v<decltype(EboAesParam::table), 1>), offsetof(EboAesParam, table[r]), takeFloats, EBO_RED(text))
+#define AES_PAIR_OF(key, table, r, text) EBO_TEXT(key, IntRow, 2, offsetof(EboAesParam, table[r]), takeIntPair, EBO_RED(text))
+constexpr EboKeyRow kAesKeys[] = {
+    EBO_STATUS("find aes status failed"),
+    AES(beta_up, "find aes beta_up failed"),
+    AES(beta_down, "find aes beta_down failed"),
+    AES(beta_up_low, "find aes beta_up_low failed"),
+    AES(beta_down_low, "find aes beta_down_low failed"),
+    AES(low_freq, "find aes low_freq failed"),
+    AES(high_freq, "find aes high_freq failed"),
+    AES(thd_flag, "find aes thd_flag failed"),
+    AES(hard_flag, "find aes hard_flag failed"),
+    AES_FLOATS_OF("LimitRatio_0", LimitRatio, 0, "find aes LimitRatio_0 failed"),
+    AES_FLOATS_OF("LimitRatio_1", LimitRatio, 1, "find aes LimitRatio_1 failed"),
+    AES_PAIR_OF("ThdSplitFreq_0", ThdSplitFreq, 0, "find aes ThdSplitFreq_0 failed"),
+    AES_PAIR_OF("ThdSplitFreq_1", ThdSplitFreq, 1, "find aes ThdSplitFreq_1 failed"),
+    AES_PAIR_OF("ThdSplitFreq_2", ThdSplitFreq, 2, "find aes ThdSplitFreq_2 failed"),
+    AES_PAIR_OF("ThdSplitFreq_3", ThdSplitFreq, 3, "find aes ThdSplitFreq_3 failed"),
+    AES_FLOATS_OF("ThdSupDegree_0", ThdSupDegree, 0, "find aes ThdSupDegree_0 failed"),
+    AES_FLOATS_OF("ThdSupDegree_1", ThdSupDegree, 1, "find aes ThdSupDegree_1 failed"),
+    AES_FLOATS_OF("ThdSupDegree_2", ThdSupDegree, 2, "find aes ThdSupDegree_2 failed"),
+    AES_FLOATS_OF("ThdSupDegree_3", ThdSupDegree, 3, "find aes ThdSupDegree_3 failed"),
+    AES_PAIR_OF("HardSplitFreq_0", HardSplitFreq, 0, "find aes HardSplitFreq_0 failed"),
+    AES_PAIR_OF("HardSplitFreq_1", HardSplitFreq, 1, "find aes HardSplitFreq_1 failed"),
+    AES_PAIR_OF("HardSplitFreq_2", HardSplitFreq, 2, "find aes HardSplitFreq_2 failed"),
+    AES_PAIR_OF("HardSplitFreq_3", HardSplitFreq, 3, "find aes HardSplitFreq_3 failed"),
+    AES_PAIR_OF("HardSplitFreq_4", HardSplitFreq, 4, "find aes HardSplitFreq_4 failed"),
+    AES_FLOATS("HardThreshold", HardThreshold, "find aes HardThreshold failed"),
+};
+
+constexpr EboKeyRow kNlpKeys[] = {
+    EBO_STATUS("find nlp status failed"),
+    EBO_TEXT("band_pass_thd", IntList, kBands, offsetof(EboNlpBand, band_pass_thd), takeBands, EBO_RED("find nlp band_pass_thd failed")),
+    EBO_TEXT("super_est_factor", IntList, kBands, offsetof(EboNlpBand, super_est_factor), takeBands, EBO_RED("find nlp super_est_factor failed")),
+};
+
+#define DTD(field, text) EBO_NUMBER(EboDtdParam, field, text)
+constexpr EboKeyRow kDtdKeys[] = {
+    EBO_STATUS("find dtd status failed"),
+    DTD(ksiThd_high, "find dtd ksiThd_high failed"),
+    DTD(ksiThd_low, "find dtd ksiThd_low failed"),
+};
+// clang-format on
+
+}  // namespace
+
+const EboSection kEboAesSection = eboSection<EboAesParam>("aes", kAesKeys, EBO_BF_AES, "aes != KA_NULL");
+const EboSection kEboNlpSection = eboSection<EboNlpParam>("nlp", kNlpKeys, EBO_BF_NLP, "nlp != KA_NULL");
+// The expression does not bear the section's name, on purpose.
+const EboSection kEboDtdSection = eboSection<EboDtdParam>("dtd", kDtdKeys, EBO_BF_DTD, "sdtd != KA_NULL");
+
+EboAesParam* parseEboAesConfigs(void* parser, const char* root, int* model_en) {
+    return readSection<EboAesParam>(kEboAesSection, parser, root, model_en, EBO_HERE);
+}
+
+EboNlpParam* parseEboNlpConfigs(void* parser, const char* root, int* model_en) {
+    return readSection<EboNlpParam>(kEboNlpSection, parser, root, model_en, EBO_HERE);
+}
+
+EboDtdParam* parseEboDtdConfigs(void* parser, const char* root, int* model_en) {
+    return readSection<EboDtdParam>(kEboDtdSection, parser, root, model_en, EBO_HERE);
+}

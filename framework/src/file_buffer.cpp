@@ -1,0 +1,66 @@
+#include "file_buffer.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+// Reads until `size` bytes are there or the file ends; the number of bytes read, or -1.
+ssize_t readFully(int fd, char* text, size_t size) {
+    size_t done = 0;
+    while (done < size) {
+        const ssize_t n = read(fd, text + done, size - done);
+        if (n > 0) {
+            done += static_cast<size_t>(n);
+        } else if (n == 0) {
+            break;
+        } else if (errno != EINTR) {
+            return -1;
+        }
+    }
+    return static_cast<ssize_t>(done);
+}
+
+}  // namespace
+
+const char* readFile(const char* path, FileBuffer* file, int* system_error) {
+    *system_error = 0;
+    // Non-blocking: opening a pipe without a writer must not hang.
+    do {
+        file->fd = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    } while (file->fd < 0 && errno == EINTR);
+    struct stat status;
+    if (file->fd < 0 || fstat(file->fd, &status) != 0) {
+        *system_error = errno;
+        return "cannot be opened";
+    }
+    if (!S_ISREG(status.st_mode)) return "not a regular file";
+    if (status.st_size > static_cast<off_t>(kMaxFileSize)) return "larger than 64 MiB";
+    if (status.st_size == 0) return "the file is empty";
+
+    const size_t size = static_cast<size_t>(status.st_size);
+    file->text = static_cast<char*>(malloc(size + kFilePadding));
+    if (!file->text) return "out of memory";
+    const ssize_t n = readFully(file->fd, file->text, size);
+    if (n < 0) {
+        *system_error = errno;
+        return "cannot be read";
+    }
+    file->size = static_cast<uint32_t>(n);
+    memset(file->text + n, 0, kFilePadding);
+    return file->size == 0 ? "the file is empty" : nullptr;
+}
+
+bool rereadFile(FileBuffer* file) {
+    return pread(file->fd, file->text, file->size, 0) == static_cast<ssize_t>(file->size);
+}
+
+void closeFile(FileBuffer* file) {
+    if (file->fd >= 0) close(file->fd);
+    file->fd = -1;
+}

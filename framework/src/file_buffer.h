@@ -1,0 +1,25 @@
+// A file held in memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+constexpr size_t kMaxFileSize = size_t{64} << 20;
+
+// Zero bytes behind the text: the JSON library looks ahead by up to a vector register or a UTF-8 sequence.
+constexpr size_t kFilePadding = 16;
+
+struct FileBuffer {
+    int fd = -1;
+    char* text = nullptr;  // malloc'd; `size` bytes and kFilePadding zeros
+    uint32_t size = 0;
+};
+
+// Opens and reads a regular file. Null on success, otherwise what went wrong, with errno in *system_error when a
+// call on the file failed and 0 when not. In both cases the caller ends with closeFile and owns `text`.
+const char* readFile(const char* path, FileBuffer* file, int* system_error);
+
+// Restores the text after it was changed in memory. False when the file no longer delivers it.
+bool rereadFile(FileBuffer* file);
+
+void closeFile(FileBuffer* file);

@@ -1,0 +1,22 @@
+# Runs `command` and compares: see ebo_tool_test().
+execute_process(COMMAND ${command} OUTPUT_FILE "${actual}.stdout" ERROR_FILE "${actual}.stderr" RESULT_VARIABLE result)
+file(READ "${actual}.stderr" said)
+if(NOT result STREQUAL status)
+  message(FATAL_ERROR "exit status ${result}, not ${status}; standard error:\n${said}")
+endif()
+
+file(WRITE "${actual}.expected" "")
+foreach(file IN LISTS stdout)
+  file(READ "${file}" text)
+  file(APPEND "${actual}.expected" "${text}")
+endforeach()
+execute_process(COMMAND diff -u "${actual}.expected" "${actual}.stdout" RESULT_VARIABLE differs)
+if(differs)
+  message(FATAL_ERROR "standard output is not as expected")
+endif()
+
+if(stderr STREQUAL "" AND NOT said STREQUAL "")
+  message(FATAL_ERROR "unexpected on standard error:\n${said}")
+elseif(NOT said MATCHES "${stderr}")
+  message(FATAL_ERROR "standard error lacks '${stderr}':\n${said}")
+endif()

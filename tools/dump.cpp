@@ -1,0 +1,109 @@
+// eboconf dump: loads a file the way a host does and prints the records.
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <string>
+
+#include <ka/json_table.h>
+
+#include "commands.h"
+#include "dump_lines.h"
+#include "records.h"
+
+namespace {
+
+struct DumpOptions {
+    std::string part = "full";
+    bool verbose = false;
+    std::string file;
+};
+
+void tell(const DumpOptions& options, const char* what, const char* root) {
+    if (options.verbose) {
+        std::fprintf(stderr, "eboconf: %s: loaded from \"%s\" of %s\n", what, root, options.file.c_str());
+    }
+}
+
+bool dumpAec(const DumpOptions& options) {
+    const AecRecord aec(parseEboAecConfigs(options.file.c_str()));
+    if (!aec) return false;
+    tell(options, "echo canceller", "ebo_configs");
+    printLines(dumpLines([&] { dumpEboAecConfig(aec.get()); }));
+    return true;
+}
+
+bool dumpBeamForm(const DumpOptions& options) {
+    const BeamFormRecord bf(parseEboBeamFormConfigs(options.file.c_str()));
+    if (!bf) return false;
+    tell(options, "beamformer", "ebo_configs");
+    printLines(dumpLines([&] { dumpEboBeamFormConfig(bf.get()); }));
+    return true;
+}
+
+// The loader itself takes a playback path of which nothing could be read; at the desk that is a file without
+// one.
+bool dumpAo(const DumpOptions& options) {
+    const PlaybackRoot ebo(parseEboAoConfigs(options.file.c_str()));
+    if (!ebo || (ebo->rx->anr == nullptr && ebo->rx->howl == nullptr)) return false;
+    tell(options, "playback", "ebo_ao_configs");
+    printLines(dumpLines([&] { dumpEboAoConfig(ebo->rx); }));
+    return true;
+}
+
+// Gain control has no dump of its own: its record is hung in an otherwise empty beamformer.
+bool dumpAgc(const DumpOptions& options) {
+    const AgcRecord agc(parseEboAgcConfigsFile(options.file.c_str()));
+    if (!agc) return false;
+    tell(options, "gain control", "ebo_agc_configs");
+    EboBeamFormParam bf = {};
+    bf.model_en = EBO_BF_AGC;
+    bf.agc = agc.get();
+    const DumpLines lines = dumpLines([&] { dumpEboBeamFormConfig(&bf); });
+    printLines({std::find(lines.begin(), lines.end(), "agc:"), lines.end() - 1});
+    return true;
+}
+
+bool hasPlayback(const std::string& file) {
+    KAJsonParser parser;
+    parser.parseFile(file.c_str());
+    KAJsonTable table(parser);
+    for (KaJsonItem item = {}; table.next(&item);) {
+        if (item.level == 1 && std::strcmp(item.name, "ebo_ao_configs") == 0) return true;
+    }
+    return false;
+}
+
+bool dumpFull(const DumpOptions& options) {
+    const CaptureRoot ebo(parseEboConfigs(options.file.c_str()));
+    if (!ebo) return false;
+    tell(options, "echo canceller", "ebo_configs");
+    tell(options, "beamformer", "ebo_configs");
+    printLines(dumpLines([&] {
+        dumpEboAecConfig(ebo->aec);
+        dumpEboBeamFormConfig(ebo->bf);
+    }));
+    return !hasPlayback(options.file) || dumpAo(options);
+}
+
+const std::map<std::string, bool (*)(const DumpOptions&)> kParts = {
+    {"full", dumpFull}, {"aec", dumpAec}, {"beamform", dumpBeamForm}, {"ao", dumpAo}, {"agc", dumpAgc},
+};
+
+}  // namespace
+
+void addDumpCommand(CLI::App& app, ExitStatus& status) {
+    CLI::App* command =
+        app.add_subcommand("dump", "Loads a file and prints the records, as a device logs them");
+    auto options = std::make_shared<DumpOptions>();
+    command
+        ->add_option("--part", options->part,
+                     "Loader to use; full: the whole capture path, and the playback path if the file has one")
+        ->check(CLI::IsMember(&kParts))
+        ->capture_default_str();
+    command->add_flag("--verbose", options->verbose, "Tells on standard error what was loaded from where");
+    command->add_option("FILE", options->file, "Tuning file")->required();
+    command->callback(
+        [options, &status] { status = kParts.at(options->part)(*options) ? kLoaded : kNotLoaded; });
+}

@@ -1,0 +1,33 @@
+// eboconf: reads and prints tuning files at the desk.
+#include <cstdio>
+
+#include "commands.h"
+
+namespace {
+
+ExitStatus run(int argc, char** argv) {
+    ExitStatus status = kLoaded;
+    CLI::App app("Reads and prints the tuning files of the voice pipeline.", "eboconf");
+    app.set_version_flag("--version", "eboconf " EBO_VERSION);
+    app.require_subcommand(1);
+    app.footer("Exit status: 0 loaded, 1 not loaded, 2 wrong usage.");
+    addDumpCommand(app, status);
+    addDefaultsCommand(app, status);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? kLoaded : kUsage;
+    }
+    return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const ExitStatus status = run(argc, argv);
+    if (std::fflush(stdout) != 0) {
+        std::perror("eboconf: standard output");
+        return kNotLoaded;
+    }
+    return status;
+}
