@@ -18,7 +18,8 @@ Record* allocate(const char* caller) {
     return static_cast<Record*>(ka_mem_malloc(sizeof(Record), caller));
 }
 
-// Releases what *pointer points at, null included, and leaves null there.
+// Releases what *pointer points at, null included, and leaves null there. The framework is given the address
+// of an untyped copy: a typed pointer must not be written through a `void**`.
 template <typename Pointee>
 void release(Pointee** pointer, const char* caller) {
     void* block = *pointer;

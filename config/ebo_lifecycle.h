@@ -4,9 +4,10 @@
 // a default stay as the allocator returned them. It returns null when the allocation fails; the caller owns
 // the result.
 //
-// A destroy function takes the address of the caller's pointer, releases the record and everything that it
-// owns through ka_mem_safe_free() and leaves the caller's pointer null. A pointer that is null already stays
-// null.
+// A destroy function takes the address of the caller's pointer, which must not be null, releases the record
+// and everything that it owns through ka_mem_safe_free() and leaves the caller's pointer null. A pointer that
+// is null already stays null. A default record may be destroyed as it is, because ka_mem_malloc() hands out
+// zero bytes: what has no default reads as null.
 #pragma once
 
 #include "ebo_params.h"

@@ -2,13 +2,13 @@
 //
 // This is the contract with the signal-processing engine, which is compiled against the same records: the
 // order and the width of every field are fixed. All records are plain; a pointer owns what it points at
-// unless its comment says otherwise. A quoted word is the key of the tuning file that fills the field. Units
-// that only the engine knows are not stated: the library carries such values unchanged.
+// unless its comment says otherwise. A quoted word is the key of the tuning file that fills the field. Where
+// only a key is named, meaning and unit are the engine's: the library carries the value unchanged.
 #pragma once
 
 #include <cstdint>
 
-// ---------------------------------------------------------------------------------------------- enable bits
+// ---- enable bits
 
 // KAEboParam::model_en: which paths are configured.
 enum : int32_t {
@@ -50,8 +50,7 @@ enum : int32_t {
     EBO_RX_HOWL = 0x2,  // section "howl" of the playback path
 };
 
-// ------------------------------------------------------------------------------- module records, capture
-// path
+// ---- module records of the capture path
 
 // Section "delay": estimator of the delay between loudspeaker reference and microphones.
 struct EboDelayParam {
@@ -68,8 +67,8 @@ struct EboDelayParam {
 
 // Section "wakeup": wake-word detection.
 struct EboWakeupParam {
-    int32_t mode;           // "mode": 1 oneshot only, 2 wakeup + command, 3 both
-    int32_t wakeup_frames;  // "wakeup_frames": a count of frames, 180 unless the file says otherwise
+    int32_t mode;  // "mode": 1 oneshot only, 2 wakeup + command, 3 both; any other is reported and kept
+    int32_t wakeup_frames;  // "wakeup_frames": a count of frames; 180 when enabled without the key
     int32_t wakeup_words;   // "wakeup_words": number of wake words
     char* model_word1;      // "model_word1": null when missing or empty
     char* model_word2;      // "model_word2": null when missing or empty
@@ -89,7 +88,7 @@ struct EboHowlParam {
     int16_t mode;  // "mode"
 };
 
-// ------------------------------------------------------------------------------- module records, enhancement
+// ---- module records of the enhancement modules
 
 // Section "anr": noise reduction, of either path.
 struct EboAnrParam {
@@ -199,7 +198,7 @@ struct EboAgcParam {
     int32_t swSmL2;        // "swSmL2": third smoothing length
 };
 
-// ----------------------------------------------------------------------------------------- container records
+// ---- container records
 
 // Section "aec": echo canceller.
 struct EboAecParam {
@@ -208,45 +207,45 @@ struct EboAecParam {
     int32_t model_aec_en;      // EBO_AEC_ bits
     int32_t delay_len;         // "delay_len"
     int32_t look_ahead;        // "look_ahead"
-    int16_t*
-        Array_list;  // "mic_chn_map": channel numbers, as many as the key's count says; null without a map.
-                     // Owned with EBO_AEC_CHN_MAP; a default record points at the shared map `Array`.
+    // "mic_chn_map": channel numbers, as many as the key's count says; null without a map. Owned with
+    // EBO_AEC_CHN_MAP; a default record points at the shared map `Array`.
+    int16_t* Array_list;
     int16_t filter_len;    // "filter_len"
     EboDelayParam* delay;  // section "delay"; null when missing, incomplete or disabled
 };
 
 // Section "bf": beamformer, and the chain of modules behind it.
 struct EboBeamFormParam {
-    int32_t model_en;          // EBO_BF_ bits
-    int32_t ref_pos;           // no key: 1 by default, 0 in a record that was read
-    int32_t targ;              // "targ"
-    int32_t num_ref_channel;   // no key: 1 by default, 0 in a record that was read
-    int32_t drop_ref_channel;  // "drop_ref_channel": 0, or 1 for any other value
-    EboDereverbParam* dereverb;
-    EboAesParam* aes;
-    EboNlpParam* nlp;
-    EboAnrParam* anr;
-    EboAgcParam* agc;
-    EboCngParam* cng;
-    EboDtdParam* dtd;
-    void* reserved;  // never created, filled, printed or freed
-    EboHowlParam* howl;
-    EboDoaParam* doa;
-    EboWakeupParam* wakeup;
-    EboAiNRParam* ainr;
+    int32_t model_en;            // EBO_BF_ bits
+    int32_t ref_pos;             // no key: 1 by default, 0 in a record that was read
+    int32_t targ;                // "targ"
+    int32_t num_ref_channel;     // no key: 1 by default, 0 in a record that was read
+    int32_t drop_ref_channel;    // "drop_ref_channel": 0, or 1 for any other value
+    EboDereverbParam* dereverb;  // section "dereverb"
+    EboAesParam* aes;            // section "aes"
+    EboNlpParam* nlp;            // section "nlp"
+    EboAnrParam* anr;            // section "anr"
+    EboAgcParam* agc;            // section "agc"
+    EboCngParam* cng;            // section "cng"
+    EboDtdParam* dtd;            // section "dtd"
+    void* reserved;              // never created, filled, printed or freed
+    EboHowlParam* howl;          // section "howl"; null in a default record
+    EboDoaParam* doa;            // section "doa"; null in a default record
+    EboWakeupParam* wakeup;      // section "wakeup"; null in a default record
+    EboAiNRParam* ainr;          // section "ainr"; null in a default record
 };
 
 // Playback path.
 struct EboRxParam {
-    int32_t model_en;  // EBO_RX_ bits
-    EboAnrParam* anr;
-    EboHowlParam* howl;
+    int32_t model_en;    // EBO_RX_ bits
+    EboAnrParam* anr;    // section "anr" of the playback path; null when it failed
+    EboHowlParam* howl;  // section "howl" of the playback path; null when it failed or by default
 };
 
 // Root of one tuning.
 struct KAEboParam {
-    int32_t model_en;  // EBO_PATH_ bits
-    EboAecParam* aec;
-    EboBeamFormParam* bf;
-    EboRxParam* rx;
+    int32_t model_en;      // EBO_PATH_ bits
+    EboAecParam* aec;      // echo canceller
+    EboBeamFormParam* bf;  // beamformer
+    EboRxParam* rx;        // playback; null unless the playback path was loaded
 };

@@ -9,10 +9,10 @@ void dumpEboAecConfig(EboAecParam* aec) {
     ka_log(EBO_INFO, "model_aec_en = 0x%x, delay_len = %d, look_ahead = %d filter_len = %d", EBO_HERE,
            static_cast<unsigned int>(aec->model_aec_en), aec->delay_len, aec->look_ahead, aec->filter_len);
     if ((aec->model_aec_en & EBO_AEC_DELAY) != 0) {
-        const EboDelayParam& delay =
-            *aec->delay;  // on purpose without a null test: the bit promises the record
         ka_log(EBO_INFO, "delay:", EBO_HERE);
         ka_log(EBO_INFO, "   enabled", EBO_HERE);
+        // On purpose without a null test: the bit promises the record.
+        const EboDelayParam& delay = *aec->delay;
         ka_log(EBO_INFO, "   MaxFrame = %d, LeastDelay = %d, JumpFrame = %d, DelayOffset = %d", EBO_HERE,
                delay.MaxFrame, delay.LeastDelay, delay.JumpFrame, delay.DelayOffset);
         ka_log(EBO_INFO, "   MicAmpThr = %d, RefAmpThr = %d, StartFreq = %d, EndFreq = %d", EBO_HERE,

@@ -42,13 +42,20 @@ void buildRow(Row& row, const int16_t (&pair)[2]) {
     std::snprintf(row.text + 8, sizeof(row.text) - 8, "%-8d", pair[1]);
 }
 
-template <typename Value, size_t Rows, size_t Columns>
-void dumpTable(Row& row, const Value (&table)[Rows][Columns], const char* function) {
-    for (const auto& values : table) {
-        buildRow(row, values);
-        ka_log(EBO_INFO, "      %s", function, __LINE__, row.text);
-    }
+template <typename Values>
+void dumpRow(Row& row, const Values& values, const char* function) {
+    buildRow(row, values);
+    ka_log(EBO_INFO, "      %s", function, __LINE__, row.text);
+}
+
+void clear(Row& row) {
     ka_memset(row.text, 0, std::strlen(row.text));
+}
+
+template <typename Table>
+void dumpTable(Row& row, const Table& table, const char* function) {
+    for (const auto& values : table) dumpRow(row, values, function);
+    clear(row);
 }
 
 void dumpAes(const EboAesParam& aes, const char* function) {
@@ -70,9 +77,8 @@ void dumpAes(const EboAesParam& aes, const char* function) {
     ka_log(EBO_INFO, "   HardSplitFreq:", function, __LINE__);
     dumpTable(row, aes.HardSplitFreq, function);
     ka_log(EBO_INFO, "   HardThreshold:", function, __LINE__);
-    buildRow(row, aes.HardThreshold);
-    ka_log(EBO_INFO, "      %s", function, __LINE__, row.text);
-    ka_memset(row.text, 0, std::strlen(row.text));
+    dumpRow(row, aes.HardThreshold, function);
+    clear(row);
 }
 
 void dumpWakeup(const EboWakeupParam& wakeup, const char* function) {

@@ -1,7 +1,6 @@
 // Sections "aec" and "delay": echo canceller and delay estimator.
 #include <algorithm>
 #include <cstdlib>
-#include <iterator>
 
 #include "ebo_parse.h"
 #include "row_scan.h"
@@ -36,7 +35,7 @@ void takeChannelMap(const EboKeyRow& /*row*/, const char* text, void* record, co
 #define AEC(field, text) EBO_NUMBER(EboAecParam, field, text)
 constexpr EboKeyRow kAecKeys[] = {
     EBO_STATUS("find aec status failed"),
-    EBO_TEXT("mic_chn_map", ChannelMap, kMaxChannels, offsetof(EboAecParam, Array_list), takeChannelMap, nullptr),
+    EBO_TEXT_OPTIONAL("mic_chn_map", ChannelMap, kMaxChannels, offsetof(EboAecParam, Array_list), takeChannelMap),
     EBO_FLAG(EboAecParam, drop_ref_channel, "find aec drop_ref_channel failed"),
     AEC(delay_len, "find aec delay_len failed"),
     AEC(look_ahead, "find aec look_ahead failed"),
@@ -76,7 +75,9 @@ EboDelayParam* parseEboDelayConfigs(void* parser, const char* root, int* model_e
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
     const EboReading reading(kEboDelaySection, parser, root, __func__);
     void* delay = eboMakeRecord(kEboDelaySection.recordSize, kEboDelaySection.assertion, EBO_HERE);
-    const EboStatus status = eboReadStatus(reading, kEboDelaySection.bit, model_en);
+    int untouched =
+        0;  // no bit of the caller's mask belongs to this section: the mask is neither read nor written
+    const EboStatus status = eboReadStatus(reading, kEboDelaySection.bit, &untouched);
     if (status == EboStatus::Disabled) {
         ka_mem_safe_free(&delay, __func__);  // on purpose not free(), unlike the failures below
         return KA_NULL;

@@ -16,7 +16,8 @@ constexpr EboKeyRow kBfKeys[] = {
     EBO_NUMBER(EboBeamFormParam, targ, "find bf targ failed"),
 };
 
-// "fast_aec" and "wind" report a missing status in the words of "bf" on purpose; the function name tells them apart.
+// "fast_aec" and "wind" report a missing status in the words of "bf" on purpose; the function name tells them
+// apart.
 constexpr EboKeyRow kFastAecKeys[] = {
     EBO_STATUS("find bf status failed"),
 };

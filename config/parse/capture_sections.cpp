@@ -4,14 +4,34 @@
 
 namespace {
 
+void reviewWords(const void* record, const char* function) {
+    if (static_cast<const EboWakeupParam*>(record)->wakeup_words != 0) return;
+    ka_err(EBO_ERROR, EBO_RED("the wakeup word is 0, please configure it which you need\n"), function,
+           __LINE__);
+}
+
+// The list offers mode 0 and the check refuses it, on purpose.
+void reviewMode(const void* record, const char* function) {
+    const int32_t mode = static_cast<const EboWakeupParam*>(record)->mode;
+    if (mode < 1 || mode > 3) {
+        ka_err(EBO_ERROR, EBO_RED("Invalid mode: %d, please check mode follow these:"), function, __LINE__,
+               mode);
+        ka_err(EBO_ERROR, EBO_RED("    mode0 - none"), function, __LINE__);
+        ka_err(EBO_ERROR, EBO_RED("    mode1 - oneshot only"), function, __LINE__);
+        ka_err(EBO_ERROR, EBO_RED("    mode2 - wakeup + command"), function, __LINE__);
+        ka_err(EBO_ERROR, EBO_RED("    mode3 - (oneshot) and (wakeup + command)"), function, __LINE__);
+    }
+    ka_log(EBO_NOTICE, EBO_GREEN("Current wakeup mode is: %d\n"), function, __LINE__, mode);
+}
+
 // clang-format off
 // Every key is optional here, the status included.
-#define WAKEUP(field) EBO_NUMBER_OPTIONAL(EboWakeupParam, field)
+#define WAKEUP(field, review) EBO_NUMBER_OPTIONAL(EboWakeupParam, field, review)
 constexpr EboKeyRow kWakeupKeys[] = {
     EBO_STATUS_OPTIONAL,
-    WAKEUP(wakeup_frames),
-    WAKEUP(wakeup_words),
-    WAKEUP(mode),
+    WAKEUP(wakeup_frames, nullptr),
+    WAKEUP(wakeup_words, reviewWords),
+    WAKEUP(mode, reviewMode),
     EBO_WORD_OPTIONAL(EboWakeupParam, model_word1),
     EBO_WORD_OPTIONAL(EboWakeupParam, model_word2),
 };
@@ -32,25 +52,6 @@ constexpr EboKeyRow kHowlKeys[] = {
 };
 // clang-format on
 
-void reviewWords(int32_t words, const char* function) {
-    if (words != 0) return;
-    ka_err(EBO_ERROR, EBO_RED("the wakeup word is 0, please configure it which you need\n"), function,
-           __LINE__);
-}
-
-// The list offers mode 0 and the check refuses it, on purpose.
-void reviewMode(int32_t mode, const char* function) {
-    if (mode < 1 || mode > 3) {
-        ka_err(EBO_ERROR, EBO_RED("Invalid mode: %d, please check mode follow these:"), function, __LINE__,
-               mode);
-        ka_err(EBO_ERROR, EBO_RED("    mode0 - none"), function, __LINE__);
-        ka_err(EBO_ERROR, EBO_RED("    mode1 - oneshot only"), function, __LINE__);
-        ka_err(EBO_ERROR, EBO_RED("    mode2 - wakeup + command"), function, __LINE__);
-        ka_err(EBO_ERROR, EBO_RED("    mode3 - (oneshot) and (wakeup + command)"), function, __LINE__);
-    }
-    ka_log(EBO_NOTICE, EBO_GREEN("Current wakeup mode is: %d\n"), function, __LINE__, mode);
-}
-
 }  // namespace
 
 const EboSection kEboWakeupSection =
@@ -60,7 +61,6 @@ const EboSection kEboHowlSection =
     eboSection<EboHowlParam>("howl", kHowlKeys, EBO_BF_HOWL, "howl != KA_NULL", nullptr, EBO_RX_HOWL);
 
 // Reads its keys by the bit in the mask, not by its own status: a bit that was set before counts too.
-// Doubtful values are reported as soon as they are read.
 EboWakeupParam* parseEboWakeupConfigs(void* parser, const char* root, int* model_en) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
     const EboReading reading(kEboWakeupSection, parser, root, __func__);
@@ -70,14 +70,7 @@ EboWakeupParam* parseEboWakeupConfigs(void* parser, const char* root, int* model
     if ((*model_en & EBO_BF_WAKEUP) == 0) return wakeup;
 
     wakeup->wakeup_frames = 180;
-    const EboKeyRow* row = kWakeupKeys + 1;
-    eboReadKey(reading, *row++, wakeup);  // wakeup_frames
-    eboReadKey(reading, *row++, wakeup);  // wakeup_words
-    reviewWords(wakeup->wakeup_words, __func__);
-    eboReadKey(reading, *row++, wakeup);  // mode
-    reviewMode(wakeup->mode, __func__);
-    eboReadKey(reading, *row++, wakeup);  // model_word1
-    eboReadKey(reading, *row++, wakeup);  // model_word2
+    eboReadKeys(reading, wakeup);  // every key is optional
     return wakeup;
 }
 

@@ -2,7 +2,7 @@
 //
 // Rows of numbers are texts; a short row is not an error. What it does not supply stays zero, with two
 // exceptions that are stated where they are made.
-#include <iterator>
+#include <type_traits>
 
 #include "ebo_parse.h"
 #include "row_scan.h"
@@ -17,8 +17,8 @@ void takeFloats(const EboKeyRow& row, const char* text, void* record, const char
     }
 }
 
-// A second integer that the text does not supply is the upper half of the first, on purpose: the engine has
-// always been handed 32-bit conversions laid over 16-bit fields.
+// A second integer that the text does not supply is the upper half of the first, on purpose: the engine
+// relies on it.
 void takeIntPair(const EboKeyRow& row, const char* text, void* record, const char* /*function*/) {
     auto* field = reinterpret_cast<int16_t*>(static_cast<char*>(record) + row.offset);
     int32_t first = 0;
@@ -48,9 +48,9 @@ void takeBands(const EboKeyRow& row, const char* text, void* record, const char*
 
 // clang-format off
 #define AES(field, text) EBO_NUMBER(EboAesParam, field, text)
-#define AES_FLOATS(key, place, text) EBO_TEXT(key, FloatRow, std::extent_v<decltype(EboAesParam::place)>, offsetof(EboAesParam, place), takeFloats, EBO_RED(text))
-#define AES_FLOATS_OF(key, table, r, text) EBO_TEXT(key, FloatRow, (std::extent_v<decltype(EboAesParam::table), 1>), offsetof(EboAesParam, table[r]), takeFloats, EBO_RED(text))
-#define AES_PAIR_OF(key, table, r, text) EBO_TEXT(key, IntRow, 2, offsetof(EboAesParam, table[r]), takeIntPair, EBO_RED(text))
+#define AES_FLOATS(key, place, text) EBO_TEXT(key, FloatRow, std::extent_v<decltype(EboAesParam::place)>, offsetof(EboAesParam, place), takeFloats, text)
+#define AES_FLOATS_OF(key, table, r, text) EBO_TEXT(key, FloatRow, (std::extent_v<decltype(EboAesParam::table), 1>), offsetof(EboAesParam, table[r]), takeFloats, text)
+#define AES_PAIR_OF(key, table, r, text) EBO_TEXT(key, IntRow, 2, offsetof(EboAesParam, table[r]), takeIntPair, text)
 constexpr EboKeyRow kAesKeys[] = {
     EBO_STATUS("find aes status failed"),
     AES(beta_up, "find aes beta_up failed"),
@@ -81,8 +81,8 @@ constexpr EboKeyRow kAesKeys[] = {
 
 constexpr EboKeyRow kNlpKeys[] = {
     EBO_STATUS("find nlp status failed"),
-    EBO_TEXT("band_pass_thd", IntList, kBands, offsetof(EboNlpBand, band_pass_thd), takeBands, EBO_RED("find nlp band_pass_thd failed")),
-    EBO_TEXT("super_est_factor", IntList, kBands, offsetof(EboNlpBand, super_est_factor), takeBands, EBO_RED("find nlp super_est_factor failed")),
+    EBO_TEXT("band_pass_thd", IntList, kBands, offsetof(EboNlpBand, band_pass_thd), takeBands, "find nlp band_pass_thd failed"),
+    EBO_TEXT("super_est_factor", IntList, kBands, offsetof(EboNlpBand, super_est_factor), takeBands, "find nlp super_est_factor failed"),
 };
 
 #define DTD(field, text) EBO_NUMBER(EboDtdParam, field, text)

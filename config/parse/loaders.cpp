@@ -94,6 +94,8 @@ const EboLoadStep kEboLoadOrder[kEboSectionCount] = {
     {&kEboAinrSection, loadModule<&EboBeamFormParam::ainr, parseEboAINRConfigs>},
 };
 
+constexpr size_t kBehindBf = 3;  // the first section that fills the beamformer's container
+
 KAEboParam* parseEboConfigs(const char* path) {
     if (path == KA_NULL) return KA_NULL;
     KAJsonParser parser;
@@ -124,11 +126,7 @@ EboBeamFormParam* parseEboBeamFormConfigs(const char* path) {
     if (parser.parseFile(path) == 0) return KA_NULL;
     KAEboParam ebo = {};  // stands in for a root: its mask is lost
     if (!loadBf(&ebo, &parser, kCaptureRoot)) return KA_NULL;
-    for (const EboLoadStep& step : kEboLoadOrder) {
-        if (step.load != loadAec && step.load != loadDelay && step.load != loadBf) {
-            step.load(&ebo, &parser, kCaptureRoot);
-        }
-    }
+    for (size_t i = kBehindBf; i < kEboSectionCount; ++i) kEboLoadOrder[i].load(&ebo, &parser, kCaptureRoot);
     return ebo.bf;
 }
 

@@ -61,10 +61,12 @@ float nearest(const char* first, const char* last, bool hex) {
     return static_cast<float>(tiny);
 }
 
-// The end of the number at `at`, as far as the C library's scanner takes it: an exponent counts as part of
-// the number even before its digits. Null when there is no digit.
+// The end of the number at `at`, behind its "0x" if it has one, as far as the C library's scanner takes it:
+// an exponent counts as part of the number even without digits, and "0x." is the number 0. Null when there is
+// none.
 const char* endOfNumber(const char* at, const char* end, bool hex) {
-    bool digits = hex;  // "0x" alone is the number 0
+    const char* const first = at;
+    bool digits = false;
     bool point = false;
     for (; at != end; ++at) {
         if (hex ? isHexDigit(*at) : isDigit(*at)) {
@@ -75,8 +77,8 @@ const char* endOfNumber(const char* at, const char* end, bool hex) {
             break;
         }
     }
-    if (!digits) return nullptr;
-    if (at != end && lower(*at) == (hex ? 'p' : 'e')) {
+    if (hex ? at == first : !digits) return nullptr;
+    if (digits && at != end && lower(*at) == (hex ? 'p' : 'e')) {
         ++at;
         if (at != end && (*at == '+' || *at == '-')) ++at;
         while (at != end && isDigit(*at)) ++at;

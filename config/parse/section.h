@@ -24,14 +24,17 @@ enum class EboKeyKind : uint8_t {
 };
 
 // One key, read top to bottom: the order of the rows is the order of the lookups and so of the error
-// messages.
+// messages. `function` is the name of the reader, for log lines.
 struct EboKeyRow {
-    // Stores a text in the record; `function` is the reader's name, for log lines.
+    // Stores a text in the record.
     using Take = void (*)(const EboKeyRow& row, const char* text, void* record, const char* function);
+    // Looks at the record when the key's turn is over, found or not.
+    using Review = void (*)(const void* record, const char* function);
 
     const char* key;      // spelling in the tuning file
     const char* missing;  // whole log format for a missing key; null: the key is optional
     Take take;            // kinds of text other than the status
+    Review review;        // null: nothing to look at
     uint16_t offset;      // of the field in the section's record
     uint16_t line;        // the row's own source line: the log points at the row
     EboKeyKind kind;
@@ -87,13 +90,14 @@ constexpr EboKeyKind eboKindOf() {
 
 // Constructors of rows. A row stands on one source line, so that its line is its own.
 // clang-format off
-#define EBO_STATUS(text)                       {"status", EBO_RED(text), nullptr, 0, __LINE__, EboKeyKind::Status, 0}
-#define EBO_STATUS_OPTIONAL                    {"status", nullptr, nullptr, 0, __LINE__, EboKeyKind::Status, 0}
-#define EBO_NUMBER(Record, field, text)        {#field, EBO_RED(text), nullptr, offsetof(Record, field), __LINE__, eboKindOf<decltype(Record::field)>(), 0}
-#define EBO_NUMBER_OPTIONAL(Record, field)     {#field, nullptr, nullptr, offsetof(Record, field), __LINE__, eboKindOf<decltype(Record::field)>(), 0}
-#define EBO_FLAG(Record, field, text)          {#field, EBO_RED(text), nullptr, offsetof(Record, field), __LINE__, EboKeyKind::Flag, 0}
-#define EBO_WORD_OPTIONAL(Record, field)       {#field, nullptr, eboTakeWord, offsetof(Record, field), __LINE__, EboKeyKind::Word, 0}
-#define EBO_TEXT(key, kind, count, offset, take, missing) {key, missing, take, offset, __LINE__, EboKeyKind::kind, count}
+#define EBO_STATUS(text)                               {"status", EBO_RED(text), nullptr, nullptr, 0, __LINE__, EboKeyKind::Status, 0}
+#define EBO_STATUS_OPTIONAL                            {"status", nullptr, nullptr, nullptr, 0, __LINE__, EboKeyKind::Status, 0}
+#define EBO_NUMBER(Record, field, text)                {#field, EBO_RED(text), nullptr, nullptr, offsetof(Record, field), __LINE__, eboKindOf<decltype(Record::field)>(), 0}
+#define EBO_NUMBER_OPTIONAL(Record, field, review)     {#field, nullptr, nullptr, review, offsetof(Record, field), __LINE__, eboKindOf<decltype(Record::field)>(), 0}
+#define EBO_FLAG(Record, field, text)                  {#field, EBO_RED(text), nullptr, nullptr, offsetof(Record, field), __LINE__, EboKeyKind::Flag, 0}
+#define EBO_WORD_OPTIONAL(Record, field)               {#field, nullptr, eboTakeWord, nullptr, offsetof(Record, field), __LINE__, EboKeyKind::Word, 0}
+#define EBO_TEXT(key, kind, count, offset, take, text) {key, EBO_RED(text), take, nullptr, offset, __LINE__, EboKeyKind::kind, count}
+#define EBO_TEXT_OPTIONAL(key, kind, count, offset, take) {key, nullptr, take, nullptr, offset, __LINE__, EboKeyKind::kind, count}
 // clang-format on
 
 // Stores a private copy of the text, which the record owns, in a `char*` field; an empty text leaves null

@@ -50,16 +50,26 @@ bool findAndStore(const EboReading& reading, const EboKeyRow& row, void* record)
     }
 }
 
+// The bit that an enabled section sets under this root.
+int32_t bitUnder(const EboSection& section, const char* root) {
+    if (section.playbackBit == 0 || util_strcasecmp(root, "ebo_ao_configs") != 0) return section.bit;
+    return section.playbackBit;
+}
+
+bool readKey(const EboReading& reading, const EboKeyRow& row, void* record) {
+    if (!findAndStore(reading, row, record) && row.missing != KA_NULL) {
+        reportMissing(reading, row);
+        return false;
+    }
+    if (row.review != KA_NULL) row.review(record, reading.function);
+    return true;
+}
+
 }  // namespace
 
 EboReading::EboReading(const EboSection& section_, void* parser, const char* root, const char* function_)
     : section(section_), function(function_) {
     static_cast<KAJsonParser*>(parser)->getOptions(root, section.name, &keys);
-}
-
-int32_t eboBitUnder(const EboSection& section, const char* root) {
-    if (section.playbackBit == 0 || util_strcasecmp(root, "ebo_ao_configs") != 0) return section.bit;
-    return section.playbackBit;
 }
 
 EboStatus eboReadStatus(const EboReading& reading, int32_t bit, int* model_en) {
@@ -84,16 +94,9 @@ EboStatus eboReadStatus(const EboReading& reading, int32_t bit, int* model_en) {
     return EboStatus::Disabled;
 }
 
-bool eboReadKey(const EboReading& reading, const EboKeyRow& row, void* record) {
-    if (findAndStore(reading, row, record)) return true;
-    if (row.missing == KA_NULL) return true;
-    reportMissing(reading, row);
-    return false;
-}
-
 bool eboReadKeys(const EboReading& reading, void* record) {
     for (uint16_t i = 1; i < reading.section.rowCount; ++i) {
-        if (!eboReadKey(reading, reading.section.rows[i], record)) return false;
+        if (!readKey(reading, reading.section.rows[i], record)) return false;
     }
     return true;
 }
@@ -108,7 +111,7 @@ void* eboMakeRecord(size_t size, const char* assertion, const char* function, in
 void* eboReadSection(const EboSection& section, void* parser, const char* root, int* model_en,
                      const char* function, int line) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
-    const int32_t bit = eboBitUnder(section, root);
+    const int32_t bit = bitUnder(section, root);
     const EboReading reading(section, parser, root, function);
     void* record = eboMakeRecord(section.recordSize, section.assertion, function, line);
     if (eboReadStatus(reading, bit, model_en) == EboStatus::Missing || !eboReadKeys(reading, record)) {

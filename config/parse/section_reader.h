@@ -18,15 +18,9 @@ struct EboReading {
 
 enum class EboStatus { Missing, Disabled, Enabled };
 
-// The bit that an enabled section sets under this root.
-int32_t eboBitUnder(const EboSection& section, const char* root);
-
 // Looks "status" up, sets `bit` in the mask when the section is enabled, and reports a missing status, and a
 // disabled section where that is reported.
 EboStatus eboReadStatus(const EboReading& reading, int32_t bit, int* model_en);
-
-// Looks one key up and stores it. False when it is missing and required, after the message.
-bool eboReadKey(const EboReading& reading, const EboKeyRow& row, void* record);
 
 // All keys behind the status, up to the first that is missing.
 bool eboReadKeys(const EboReading& reading, void* record);
