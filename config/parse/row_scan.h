@@ -19,6 +19,8 @@ public:
     // `word` itself, no blanks before it.
     bool literal(const char* word);
     void skipBlanks();
+    // Where it stands: what comes next in the text.
+    const char* at() const { return at_; }
 
 private:
     const char* at_;

@@ -1,0 +1,93 @@
+// The check and the loaders agree about every file: what fails, what aborts, and with which messages.
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <map>
+#include <set>
+
+#include "check_file.h"
+#include "check_plan.h"
+#include "loading.h"
+#include "mutation.h"
+
+namespace {
+
+// A file without a disk: thousands are written.
+class MemoryFile {
+public:
+    MemoryFile() : descriptor_(memfd_create("mutation.json", 0)) {}
+    ~MemoryFile() { close(descriptor_); }
+    MemoryFile(const MemoryFile&) = delete;
+    MemoryFile& operator=(const MemoryFile&) = delete;
+
+    std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
+    void write(const std::string& text) const {
+        ASSERT_EQ(ftruncate(descriptor_, 0), 0);
+        ASSERT_EQ(pwrite(descriptor_, text.data(), text.size(), 0), static_cast<ssize_t>(text.size()));
+    }
+
+private:
+    const int descriptor_;
+};
+
+// True when check and loader agree. The file stays behind when they do not.
+bool agrees(const std::string& part, const std::string& path, CheckReport* report) {
+    {
+        const LogCatcher ignored;
+        *report = checkFile(path, part);
+    }
+    const Loading loading = loadPart(part, path, report->outcome == CheckOutcome::Aborts);
+    EXPECT_EQ(checkOutcomeName(report->outcome), checkOutcomeName(loading.outcome));
+    EXPECT_EQ(report->log, loading.log);
+    EXPECT_EQ(report->count(CheckLevel::Error) > 0, loading.outcome != CheckOutcome::Loads);
+    return !testing::Test::HasFailure();
+}
+
+TEST(Agreement, HoldsForTheExamplesAndTheFaultyFiles) {
+    std::vector<std::string> files = filesIn(EBO_TUNINGS_DIR, ".json");
+    for (const std::string& file : filesIn(EBO_TEST_DATA_DIR "/check", ".json")) files.push_back(file);
+    for (const std::string& file : files) {
+        for (const std::string& part : checkParts()) {
+            CheckReport report;
+            ASSERT_TRUE(agrees(part, file, &report)) << part << ' ' << file;
+        }
+    }
+}
+
+class AgreementOnMutations : public testing::TestWithParam<unsigned> {};
+
+constexpr unsigned kShards = 8;
+constexpr unsigned kMutationsPerShard = 2500;
+
+TEST_P(AgreementOnMutations, Holds) {
+    const MemoryFile mutation;
+    std::vector<Tree> trees;
+    for (const std::string& file : filesIn(EBO_TUNINGS_DIR, ".json")) trees.push_back(treeOf(readText(file)));
+
+    std::mt19937 random(GetParam());
+    std::map<CheckOutcome, int> outcomes;
+    std::set<std::string> messages;
+    for (unsigned i = 0; i < kMutationsPerShard; ++i) {
+        const std::string text = mutated(trees[i % trees.size()], random);
+        mutation.write(text);
+        const std::string other = checkParts()[1 + i % 4];
+        for (const std::string& part : {std::string("full"), other}) {
+            CheckReport report;
+            ASSERT_TRUE(agrees(part, mutation.path(), &report))
+                << "mutation " << i << ", part " << part << ":\n"
+                << text;
+            ++outcomes[report.outcome];
+            messages.insert(report.log.begin(), report.log.end());
+        }
+    }
+    // The mutations reach all that they are made for.
+    EXPECT_GT(outcomes[CheckOutcome::Loads], 500);
+    EXPECT_GT(outcomes[CheckOutcome::Fails], 500);
+    EXPECT_GT(outcomes[CheckOutcome::Aborts], 10);
+    EXPECT_GT(messages.size(), 80U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, AgreementOnMutations, testing::Range(1U, kShards + 1));
+
+}  // namespace
