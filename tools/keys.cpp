@@ -1,0 +1,75 @@
+// eboconf keys: the reference of all sections and keys.
+#include <cstdio>
+#include <memory>
+#include <optional>
+
+#include "commands.h"
+#include "keys_reference.h"
+#include "terminal.h"
+
+namespace {
+
+struct KeysOptions {
+    std::string name;
+    bool markdown = false;
+    bool dictionary = false;
+    bool names = false;
+};
+
+std::string everySection() {
+    std::string text;
+    for (const EboLoadStep& step : kEboLoadOrder) {
+        if (!text.empty()) text += "\n";
+        text += sectionReference(*placesOf(*step.section).front(), columns());
+    }
+    return text;
+}
+
+// The reference of what `name` names; nothing when there is no such thing.
+std::optional<std::string> referenceOf(const std::string& name) {
+    for (const SectionPlace& place : sectionPlaces()) {
+        if (nameOf(place) == name) return sectionReference(place, columns());
+        for (const KeyFacts& facts : factsOf(place)) {
+            if (facts.name == name) return keyReference(facts, columns());
+        }
+    }
+    return std::nullopt;
+}
+
+ExitStatus run(const KeysOptions& options) {
+    std::string text;
+    if (options.markdown) {
+        text = markdownReference();
+    } else if (options.dictionary) {
+        text = fuzzDictionary();
+    } else if (options.names) {
+        text = nameList();
+    } else if (options.name.empty()) {
+        text = everySection();
+    } else if (const auto reference = referenceOf(options.name)) {
+        text = *reference;
+    } else {
+        std::fprintf(stderr, "eboconf: there is no section or key \"%s\"; see: eboconf keys --names\n",
+                     options.name.c_str());
+        return kUsage;
+    }
+    std::fputs(text.c_str(), stdout);
+    return kLoaded;
+}
+
+}  // namespace
+
+void addKeysCommand(CLI::App& app, ExitStatus& status) {
+    CLI::App* command = app.add_subcommand("keys", "Explains the sections and keys of a tuning file");
+    auto options = std::make_shared<KeysOptions>();
+    CLI::Option* name = command->add_option("SECTION[.KEY]", options->name, "Only this section or key");
+    CLI::Option* markdown =
+        command->add_flag("--markdown", options->markdown, "The whole reference as Markdown");
+    CLI::Option* dictionary =
+        command->add_flag("--dictionary", options->dictionary, "A dictionary for fuzzers");
+    CLI::Option* names = command->add_flag("--names", options->names, "The names alone, one per line");
+    markdown->excludes(dictionary, names, name);
+    dictionary->excludes(names, name);
+    names->excludes(name);
+    command->callback([options, &status] { status = run(*options); });
+}

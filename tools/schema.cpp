@@ -1,0 +1,13 @@
+// eboconf schema: prints the JSON Schema of a tuning file.
+#include <cstdio>
+
+#include "commands.h"
+#include "schema_text.h"
+
+void addSchemaCommand(CLI::App& app, ExitStatus& status) {
+    CLI::App* command = app.add_subcommand("schema", "Prints the JSON Schema of a tuning file, for editors");
+    command->callback([&status] {
+        std::fputs(schemaText().c_str(), stdout);
+        status = kLoaded;
+    });
+}
