@@ -7,6 +7,9 @@ enum ExitStatus {
     kLoaded = 0,
     kNotLoaded = 1,
     kUsage = 2,
+    // of check
+    kClean = kLoaded,
+    kProblems = kNotLoaded,
     // of diff
     kSame = 0,
     kDifferent = 1,
@@ -17,6 +20,7 @@ enum ExitStatus {
 // `status`, which must outlive the parsing.
 void addDumpCommand(CLI::App& app, ExitStatus& status);
 void addDefaultsCommand(CLI::App& app, ExitStatus& status);
+void addCheckCommand(CLI::App& app, ExitStatus& status);
 void addDiffCommand(CLI::App& app, ExitStatus& status);
 void addExportCommand(CLI::App& app, ExitStatus& status);
 void addKeysCommand(CLI::App& app, ExitStatus& status);

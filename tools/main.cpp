@@ -13,6 +13,7 @@ ExitStatus run(int argc, char** argv) {
     app.footer("Exit status: 0 loaded, 1 not loaded, 2 wrong usage.");
     addDumpCommand(app, status);
     addDefaultsCommand(app, status);
+    addCheckCommand(app, status);
     addDiffCommand(app, status);
     addExportCommand(app, status);
     addKeysCommand(app, status);

@@ -1,0 +1,57 @@
+// The codes of the findings of eboconf check. A code never changes its meaning; docs/check.md shows each at work.
+#pragma once
+
+#include <vector>
+
+enum class CheckLevel { Error, Warning };
+
+struct CheckCode {
+    const char* id;
+    CheckLevel level;
+    const char* title;
+};
+
+// One row per code. EBO1xx: the load fails or aborts. EBO2xx: it does not; EBO202 to EBO206 are the faults EBO102
+// to EBO106 that do not fail the load which is checked.
+// clang-format off
+#define EBO_CHECK_CODES(ROW) \
+    ROW(kUnreadable,         "EBO100", Error,   "file that cannot be read") \
+    ROW(kInvalidJson,        "EBO101", Error,   "invalid JSON") \
+    ROW(kMissingRoot,        "EBO102", Error,   "missing root object") \
+    ROW(kMissingSection,     "EBO103", Error,   "missing section") \
+    ROW(kMissingKey,         "EBO104", Error,   "missing key") \
+    ROW(kWrongType,          "EBO105", Error,   "value of the wrong type") \
+    ROW(kBeyond32Bits,       "EBO106", Error,   "integer beyond 32 bits") \
+    ROW(kMapAborts,          "EBO107", Error,   "channel map that aborts the process") \
+    ROW(kRootLeftOut,        "EBO202", Warning, "missing root object that does not fail the load") \
+    ROW(kSectionLeftOut,     "EBO203", Warning, "missing section that does not fail the load") \
+    ROW(kKeyLeftOut,         "EBO204", Warning, "missing key that does not fail the load") \
+    ROW(kWrongTypeLeftOut,   "EBO205", Warning, "value of the wrong type that does not fail the load") \
+    ROW(kBeyond32LeftOut,    "EBO206", Warning, "integer beyond 32 bits that does not fail the load") \
+    ROW(kUnknownRoot,        "EBO210", Warning, "unknown root object") \
+    ROW(kUnknownSection,     "EBO211", Warning, "unknown section") \
+    ROW(kUnknownKey,         "EBO212", Warning, "unknown key") \
+    ROW(kDuplicate,          "EBO213", Warning, "root object, section or key that stands twice") \
+    ROW(kNarrowed,           "EBO220", Warning, "integer that does not fit 16 bits") \
+    ROW(kFlagValue,          "EBO221", Warning, "flag other than 0 and 1") \
+    ROW(kFloatRange,         "EBO222", Warning, "number beyond the range of a float") \
+    ROW(kTooFewNumbers,      "EBO223", Warning, "row or map with too few numbers") \
+    ROW(kTooManyNumbers,     "EBO224", Warning, "row or map with too many numbers") \
+    ROW(kBadSeparator,       "EBO225", Warning, "row or map with badly separated numbers") \
+    ROW(kMapIgnored,         "EBO226", Warning, "channel map without a count") \
+    ROW(kStatusWord,         "EBO230", Warning, "status that is neither enable nor disable") \
+    ROW(kNeverRead,          "EBO231", Warning, "setting that nothing reads") \
+    ROW(kDisabledSettings,   "EBO232", Warning, "settings of a disabled section that are not read") \
+    ROW(kUpsideDown,         "EBO233", Warning, "thresholds upside down") \
+    ROW(kWakeupMode,         "EBO234", Warning, "wake-up mode outside 1 to 3") \
+    ROW(kWakeupWords,        "EBO235", Warning, "number of wake words that does not match the words") \
+    ROW(kGscMethodAlone,     "EBO236", Warning, "gsc method 1 while gsc is off") \
+    ROW(kNoModel,            "EBO237", Warning, "neural noise reduction without a model")
+
+#define EBO_CHECK_CODE(name, id, level, title) inline constexpr CheckCode name{id, CheckLevel::level, title};
+EBO_CHECK_CODES(EBO_CHECK_CODE)
+#undef EBO_CHECK_CODE
+// clang-format on
+
+// All codes, in order.
+const std::vector<const CheckCode*>& checkCodes();

@@ -1,0 +1,183 @@
+#include "check_rows.h"
+
+#include <parse/row_scan.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <string_view>
+
+#include "check_words.h"
+
+namespace {
+
+struct Number {
+    std::string_view written;
+    float real = 0.0F;
+    int32_t whole = 0;
+};
+
+bool hasCommas(const EboKeyRow& row) {
+    return row.kind == EboKeyKind::IntList || row.kind == EboKeyKind::ChannelMap;
+}
+
+// Up to `row.count` numbers, as the section readers scan them.
+std::vector<Number> scanNumbers(const EboKeyRow& row, EboScanner& scanner) {
+    std::vector<Number> numbers;
+    while (numbers.size() < row.count) {
+        Number number;
+        scanner.skipBlanks();
+        const char* first = scanner.at();
+        const bool found =
+            row.kind == EboKeyKind::FloatRow ? scanner.real(&number.real) : scanner.integer(&number.whole);
+        if (!found) break;
+        number.written = {first, static_cast<size_t>(scanner.at() - first)};
+        numbers.push_back(number);
+        if (hasCommas(row) && !scanner.literal(",")) break;
+    }
+    return numbers;
+}
+
+std::string commaList(const std::vector<std::string>& words) {
+    std::string list;
+    for (const std::string& word : words) list += (list.empty() ? "" : ", ") + word;
+    return list;
+}
+
+// Stores the text and says what stands in the record then; of a map its first `count` channels.
+std::string storedNumbers(const EboKeyRow& row, const char* text, void* record, size_t count) {
+    std::vector<std::string> words;
+    if (row.kind == EboKeyKind::ChannelMap) {
+        EboAecParam aec = {};
+        row.take(row, text, &aec, __func__);
+        for (size_t i = 0; i < count; ++i) words.push_back(std::to_string(aec.Array_list[i]));
+        std::free(aec.Array_list);
+        return commaList(words);
+    }
+    row.take(row, text, record, __func__);
+    const char* field = static_cast<const char*>(record) + row.offset;
+    // The numbers of a list lie one to a band, those of a row side by side.
+    const size_t stride = row.kind == EboKeyKind::IntList ? sizeof(EboNlpBand) / sizeof(int16_t) : 1;
+    for (size_t i = 0; i < count; ++i) {
+        if (row.kind == EboKeyKind::FloatRow) {
+            words.push_back(numberText(reinterpret_cast<const float*>(field)[i]));
+        } else {
+            words.push_back(std::to_string(reinterpret_cast<const int16_t*>(field)[i * stride]));
+        }
+    }
+    return commaList(words);
+}
+
+std::string howToSeparate(const EboKeyRow& row) {
+    return hasCommas(row) ? "put a comma directly behind each number, with no blank before it"
+                          : "separate the numbers by blanks only";
+}
+
+// Whether as many numbers are there as are wanted, and nothing behind them.
+void judgeCount(const EboKeyRow& row, size_t found, std::string_view lastWritten, const char* rest,
+                size_t wanted, const std::string& stored, std::vector<RowFinding>& findings) {
+    const std::string key = quoted(row.key);
+    const std::string device = "goes on, and stores " + stored;
+    if (found >= wanted) {
+        if (found == wanted && *rest == '\0') return;
+        findings.push_back(
+            {&kTooManyNumbers,
+             key + " goes on behind " + countOf(wanted, "number") + ", which is all that is read", device,
+             "leave out what stands behind " + countOf(wanted, "number")});
+    } else if (*rest == '\0') {
+        findings.push_back(
+            {&kTooFewNumbers,
+             key + " has " + countOf(found, "number") + " where " + std::to_string(wanted) + " are read",
+             device, "write " + countOf(wanted, "number")});
+    } else {
+        const std::string where =
+            found == 0 ? " at its start"
+                       : " behind " + quoted(lastWritten) + ", number " + std::to_string(found);
+        findings.push_back({&kBadSeparator, key + " can be read only up to " + quoted({rest, 1}) + where,
+                            device, howToSeparate(row)});
+    }
+}
+
+bool isZeroAsWritten(std::string_view written) {
+    const size_t exponent =
+        written.find_first_of(written.find_first_of("xX") == std::string_view::npos ? "eE" : "pP");
+    return written.substr(0, exponent).find_first_of("123456789abcdefABCDEF") == std::string_view::npos;
+}
+
+void judgeNumber(const EboKeyRow& row, const Number& number, std::vector<RowFinding>& findings) {
+    const std::string key = quoted(row.key);
+    const std::string written(number.written);
+    if (row.kind == EboKeyKind::FloatRow) {
+        if (std::isfinite(number.real) && (number.real != 0.0F || isZeroAsWritten(number.written))) return;
+        findings.push_back({&kFloatRange, key + " holds " + written + ", which no float holds",
+                            "stores " + numberText(number.real), "write a number that a float can hold"});
+        return;
+    }
+    const auto stored = static_cast<int16_t>(number.whole);
+    if (stored == number.whole) return;
+    findings.push_back({&kNarrowed, key + " holds " + written + ", which does not fit 16 bits",
+                        "stores " + std::to_string(stored) + " for " + written,
+                        "write an integer from -32768 to 32767"});
+}
+
+void judgeOrder(const EboKeyRow& row, const std::vector<Number>& numbers, std::vector<RowFinding>& findings) {
+    if (row.kind != EboKeyKind::IntRow || numbers.size() < 2 || numbers[0].whole <= numbers[1].whole) return;
+    findings.push_back({&kUpsideDown,
+                        quoted(row.key) + " starts at " + std::string(numbers[0].written) +
+                            ", above its end at " + std::string(numbers[1].written),
+                        "stores both as they are", "exchange the two numbers, or mend one of them"});
+}
+
+std::vector<RowFinding> checkMap(const EboKeyRow& row, const char* text) {
+    constexpr char kExample[] = "write for example \"4 chn;map:1,0,3,2\", or leave the key out";
+    const std::string key = quoted(row.key);
+    EboScanner scanner(text);
+    int32_t channels = 0;
+    const bool counted = scanner.integer(&channels);
+    if (channels > row.count) {
+        return {{&kMapAborts,
+                 key + " names " + std::to_string(channels) + " channels; " + std::to_string(row.count) +
+                     " are the most",
+                 "the process aborts: Assertion chns <= 16 failed", "write at most 16 channels"}};
+    }
+    scanner.skipBlanks();
+    const bool marked = scanner.literal("chn;map:");
+    const char* list = scanner.at();
+    const std::vector<Number> numbers = marked ? scanNumbers(row, scanner) : std::vector<Number>();
+    scanner.skipBlanks();
+    if (channels <= 0) {
+        if (counted && channels == 0 && marked && numbers.empty()) return {};
+        return {{&kMapIgnored,
+                 counted ? key + " names " + std::to_string(channels) + " channels"
+                         : key + " does not start with the number of channels",
+                 "goes on without a channel map", kExample}};
+    }
+
+    const auto wanted = static_cast<size_t>(channels);
+    const std::string stored = storedNumbers(row, text, nullptr, wanted);
+    if (!marked) {
+        return {{&kBadSeparator, key + " lacks \"chn;map:\" behind the number of channels",
+                 "goes on, and stores " + stored, kExample}};
+    }
+    std::vector<RowFinding> findings;
+    const std::string_view last = numbers.empty() ? list : numbers.back().written;
+    judgeCount(row, numbers.size(), last, scanner.at(), wanted, stored, findings);
+    for (size_t i = 0; i < std::min(wanted, numbers.size()); ++i) judgeNumber(row, numbers[i], findings);
+    return findings;
+}
+
+}  // namespace
+
+std::vector<RowFinding> checkRow(const EboKeyRow& row, const char* text, void* record) {
+    if (row.kind == EboKeyKind::ChannelMap) return checkMap(row, text);
+    EboScanner scanner(text);
+    const std::vector<Number> numbers = scanNumbers(row, scanner);
+    scanner.skipBlanks();
+    const std::string stored = storedNumbers(row, text, record, row.count);
+    std::vector<RowFinding> findings;
+    const std::string_view last = numbers.empty() ? std::string_view() : numbers.back().written;
+    judgeCount(row, numbers.size(), last, scanner.at(), row.count, stored, findings);
+    for (const Number& number : numbers) judgeNumber(row, number, findings);
+    judgeOrder(row, numbers, findings);
+    return findings;
+}

@@ -1,0 +1,20 @@
+// Texts that hold several numbers: table rows, lists, the channel map.
+#pragma once
+
+#include <parse/section.h>
+
+#include <string>
+#include <vector>
+
+#include "check_codes.h"
+
+struct RowFinding {
+    const CheckCode* code;
+    std::string text;
+    std::string device;
+    std::string help;
+};
+
+// What is wrong with the text of a key of the kinds FloatRow, IntRow, IntList and ChannelMap. Stores the text in
+// `record` as a device does, but for a map, which is stored in none.
+std::vector<RowFinding> checkRow(const EboKeyRow& row, const char* text, void* record);

@@ -1,0 +1,34 @@
+// Values that are read without complaint and are still unlikely to be meant.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "check_context.h"
+#include "check_names.h"
+
+// A key that one would expect, since the record has the field, but that nothing reads.
+struct NeverRead {
+    const EboSection* section;
+    const char* key;
+    const char* value;  // of the field
+};
+std::vector<NeverRead> neverRead(const EboSection& section);
+
+// Two keys of a section of which the first is meant to be the lower.
+struct OrderRule {
+    const EboSection* section;
+    const char* low;
+    const char* high;
+};
+const std::vector<OrderRule>& orderRules();
+
+struct RuleSubject {
+    CheckContext& context;
+    const CheckPass& pass;
+    const EboSection& section;
+    const CheckNames& names;
+    const KaMetaData& keys;
+    bool enabled;
+};
+void checkRules(const RuleSubject& subject);

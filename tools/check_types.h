@@ -1,0 +1,21 @@
+// Types of values in words.
+#pragma once
+
+#include <parse/section.h>
+
+#include "check_source.h"
+
+// "a number", "true" ...
+std::string typeOf(const KaJsonItem& item);
+
+// "an integer", "a text of 3 numbers" ...
+std::string typeWanted(const EboKeyRow& row);
+
+// An integer as written, too large for 32 bits.
+bool isIntegerBeyond32Bits(const EboKeyRow& row, const KaJsonItem& item);
+
+// How to mend a value of the wrong type.
+std::string howToMend(const EboKeyRow& row, const KaJsonItem& item);
+
+// A value to fill in, for "add it" messages.
+std::string placeholder(const EboKeyRow& row);

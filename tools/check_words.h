@@ -1,0 +1,24 @@
+// Words for messages: names in quotes, numbers as they are stored, the nearest of several names.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// In double quotes, without control characters.
+std::string quoted(std::string_view name);
+
+// Control characters as '?', so that a file cannot steer the terminal.
+std::string printable(std::string_view text);
+
+std::string withoutColours(const char* text);
+
+// The shortest text that reads back as the same float.
+std::string numberText(float value);
+
+// "3 numbers", "1 number"
+std::string countOf(size_t count, const char* noun);
+
+// The candidate that `name` is most likely a slip of: same letters in other case, or a few letters wrong, missing,
+// surplus or exchanged. Empty when none is near.
+std::string nearestName(std::string_view name, const std::vector<std::string>& candidates);
