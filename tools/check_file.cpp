@@ -16,7 +16,7 @@ void checkSyntax(CheckContext& context) {
     CheckSource& source = context.source;
     const KaJsonError& error = source.error();
     std::string reason = error.reason;
-    const std::string device = "the load fails: nothing of the file is read";
+    const std::string device = context.report.load + " fails: nothing of the file is read";
     context.endLoad(CheckOutcome::Fails);
     if (error.line == 0) {
         if (error.system_error != 0) reason += std::string(": ") + std::strerror(error.system_error);
@@ -67,7 +67,9 @@ void checkStep(CheckContext& context, const CheckPass& pass, const CheckStep& st
             context, pass, step,
             {&kMissingSection, &kSectionLeftOut, context.source.nameOf(root),
              "section " + quoted(name) + " is missing from " + quoted(pass.root),
-             "add " + quoted(name) + " with all its keys; a disabled section needs them too"});
+             isReadOnlyWhenEnabled(*step.section)
+                 ? "add " + quoted(name) + ": { \"status\": \"disable\" }, or enable it"
+                 : "add " + quoted(name) + " with all its keys; a disabled section needs them too"});
     }
 }
 
@@ -103,7 +105,9 @@ void checkPass(CheckContext& context, const CheckPass& pass, CheckNames& roots) 
 
 CheckReport checkFile(const std::string& path, const std::string& part) {
     CheckReport report;
+    const std::vector<CheckPass> plan = checkPlan(part);
     report.file = path;
+    report.load = plan.front().load;
     CheckSource source(path);
     CheckContext context = {source, report};
     if (source.error().reason != nullptr) {
@@ -111,7 +115,7 @@ CheckReport checkFile(const std::string& path, const std::string& part) {
         return report;
     }
     CheckNames roots(source.roots(), rootNames(), "root object");
-    for (const CheckPass& pass : checkPlan(part)) checkPass(context, pass, roots);
+    for (const CheckPass& pass : plan) checkPass(context, pass, roots);
     roots.report(context, kUnknownRoot, "");
     std::stable_sort(
         report.findings.begin(), report.findings.end(),

@@ -21,6 +21,7 @@ Json reportOf(const CheckReport& report) {
     Json findings = Json::array();
     for (const CheckFinding& finding : report.findings) findings.push_back(findingOf(finding));
     return {{"file", report.file},
+            {"load", report.load},
             {"outcome", checkOutcomeName(report.outcome)},
             {"log", report.log},
             {"errors", report.count(CheckLevel::Error)},

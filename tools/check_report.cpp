@@ -15,7 +15,7 @@ const char* checkLevelName(CheckLevel level) {
 const char* checkOutcomeName(CheckOutcome outcome) {
     switch (outcome) {
         case CheckOutcome::Loads:
-            return "loads";
+            return "succeeds";
         case CheckOutcome::Fails:
             return "fails";
         default:

@@ -30,11 +30,12 @@ struct CheckFinding {
     std::string help;    // what to do about it; may be empty
 };
 
-enum class CheckOutcome { Loads, Fails, Aborts };
+enum class CheckOutcome { Loads, Fails, Aborts };  // Aborts: it ends the process
 
 struct CheckReport {
     std::string file;
     std::vector<CheckFinding> findings;  // in the order of their places
+    std::string load;                    // which loader reads it, in words
     CheckOutcome outcome = CheckOutcome::Loads;
     std::vector<std::string> log;  // error messages of the load, in order and without colours
 

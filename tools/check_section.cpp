@@ -1,7 +1,7 @@
 #include "check_section.h"
 
 #include <cmath>
-#include <cstddef>
+#include <cstdint>
 
 #include "check_names.h"
 #include "check_rows.h"
@@ -27,7 +27,7 @@ public:
           section_(*step.section),
           item_(item),
           names_(context.source.children(item), keyNames(*step.section), "key"),
-          record_(section_.recordSize / sizeof(std::max_align_t) + 1) {
+          record_(section_.recordSize / sizeof(uint64_t) + 1) {
         context.source.section(pass.root, section_.name, &keys_);
     }
 
@@ -196,7 +196,7 @@ private:
     const KaJsonItem& item_;
     CheckNames names_;
     KaMetaData keys_;
-    std::vector<std::max_align_t> record_;  // what a device would have stored of the texts
+    std::vector<uint64_t> record_;  // what a device would have stored of the texts
     bool enabled_ = false;
     bool ended_ = false;
 };

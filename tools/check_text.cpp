@@ -1,6 +1,8 @@
 // The report as people read it.
 #include <algorithm>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "check_report.h"
 #include "check_words.h"
@@ -26,19 +28,31 @@ constexpr char kYellow[] = "\x1b[1;33m";
 constexpr char kBlue[] = "\x1b[1;34m";
 constexpr char kGreen[] = "\x1b[1;32m";
 
-bool startsCharacter(char c) {
-    return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+// Bytes of the UTF-8 character at `at`; 0 when there is none.
+size_t lengthOfCharacter(std::string_view text, size_t at) {
+    const auto lead = static_cast<unsigned char>(text[at]);
+    const size_t length = lead < 0x80   ? 1
+                          : lead < 0xC2 ? 0
+                          : lead < 0xE0 ? 2
+                          : lead < 0xF0 ? 3
+                          : lead < 0xF5 ? 4
+                                        : 0;
+    if (at + length > text.size()) return 0;
+    for (size_t i = 1; i < length; ++i) {
+        if ((static_cast<unsigned char>(text[at + i]) & 0xC0) != 0x80) return 0;
+    }
+    // Control characters of two bytes.
+    return lead == 0xC2 && static_cast<unsigned char>(text[at + 1]) < 0xA0 ? 0 : length;
 }
 
-// One character, invalid bytes and control characters as '?', a tab as a blank: one column each.
-std::vector<std::string> columnsOf(const std::string& text) {
+// Characters, each of one column: what is none, or steers the terminal, as '?', a tab as a blank.
+std::vector<std::string> columnsOf(std::string_view text) {
     std::vector<std::string> columns;
-    for (char c : text) {
-        if (startsCharacter(c)) {
-            columns.push_back(c == '\t' ? " " : printable({&c, 1}));
-        } else if (!columns.empty()) {
-            columns.back() += c;
-        }
+    for (size_t at = 0; at < text.size();) {
+        const size_t length = lengthOfCharacter(text, at);
+        const std::string character(text.substr(at, std::max<size_t>(length, 1)));
+        columns.push_back(length == 0 ? "?" : character == "\t" ? " " : printable(character));
+        at += character.size();
     }
     return columns;
 }
@@ -49,9 +63,9 @@ void writeQuote(const CheckPlace& place, const CheckTextStyle& style, const Pain
     const std::string number = std::to_string(place.line);
     const std::string gutter(std::max<size_t>(number.size() + 1, 6), ' ');
     const std::vector<std::string> columns = columnsOf(place.quote);
-    const size_t mark = columnsOf(place.quote.substr(0, place.quoteMark)).size();
-    const size_t marked =
-        std::max<size_t>(columnsOf(place.quote.substr(place.quoteMark, place.length)).size(), 1);
+    const size_t mark = columnsOf(std::string_view(place.quote).substr(0, place.quoteMark)).size();
+    const size_t marked = std::max<size_t>(
+        columnsOf(std::string_view(place.quote).substr(place.quoteMark, place.length)).size(), 1);
 
     const size_t room = std::max<size_t>(style.width, 40) - gutter.size() - 3 - 6;
     size_t first = 0;
@@ -96,10 +110,7 @@ void writeCheckText(const CheckReport& report, const CheckTextStyle& style, std:
     }
     if (errors > 0) out << countOf(errors, "error") << (warnings > 0 ? ", " : "");
     if (warnings > 0) out << countOf(warnings, "warning");
-    const bool named = report.outcome != CheckOutcome::Loads && !report.log.empty();
-    if (report.outcome == CheckOutcome::Loads) out << "; a device loads it";
-    if (report.outcome == CheckOutcome::Fails) out << "; a device refuses it";
-    if (report.outcome == CheckOutcome::Aborts) out << "; a device aborts on it";
-    if (named) out << ", its last words: " << report.log.back();
+    out << "; " << report.load << ' ' << checkOutcomeName(report.outcome);
+    if (report.outcome != CheckOutcome::Loads && !report.log.empty()) out << ": " << report.log.back();
     out << '\n';
 }

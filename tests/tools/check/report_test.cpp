@@ -1,0 +1,177 @@
+// The reports: the faulty files with theirs, the codes, several files at once.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+
+#include "check_file.h"
+#include "check_rules.h"
+#include "loading.h"
+
+namespace {
+
+constexpr char kFaultyFiles[] = EBO_TEST_DATA_DIR "/check/";
+
+// Named "<part>/<fault>.json".
+std::vector<std::string> faultyFiles() {
+    std::vector<std::string> names;
+    for (const std::string& path : filesIn(kFaultyFiles, ".json")) {
+        names.push_back(path.substr(sizeof(kFaultyFiles) - 1));
+    }
+    return names;
+}
+
+CheckReport checkFaulty(const std::string& name) {
+    const LogCatcher ignored;
+    CheckReport report = checkFile(kFaultyFiles + name, name.substr(0, name.find('/')));
+    report.file = name;
+    return report;
+}
+
+std::set<std::string> codesOf(const CheckReport& report) {
+    std::set<std::string> codes;
+    for (const CheckFinding& finding : report.findings) codes.insert(finding.code->id);
+    return codes;
+}
+
+class FaultyFile : public testing::TestWithParam<std::string> {};
+
+// Run with EBO_UPDATE_GOLDEN=1 to write the reports anew; then read the difference.
+TEST_P(FaultyFile, HasItsReport) {
+    std::ostringstream text;
+    writeCheckText(checkFaulty(GetParam()), {}, text);
+    const std::string golden = kFaultyFiles + GetParam().substr(0, GetParam().rfind('.')) + ".txt";
+    if (std::getenv("EBO_UPDATE_GOLDEN") != nullptr) std::ofstream(golden) << text.str();
+    EXPECT_EQ(text.str(), readText(golden));
+}
+
+INSTANTIATE_TEST_SUITE_P(Reports, FaultyFile, testing::ValuesIn(faultyFiles()));
+
+TEST(FaultyFiles, AreAtLeastFiftyAndNoneIsWithoutFault) {
+    EXPECT_GE(faultyFiles().size(), 50U);
+    for (const std::string& name : faultyFiles()) EXPECT_FALSE(checkFaulty(name).findings.empty()) << name;
+}
+
+TEST(Codes, AreAllSeenInTheFaultyFiles) {
+    std::set<std::string> seen;
+    std::set<std::string> all;
+    for (const std::string& name : faultyFiles()) seen.merge(codesOf(checkFaulty(name)));
+    for (const CheckCode* code : checkCodes()) all.insert(code->id);
+    EXPECT_EQ(seen, all);
+}
+
+TEST(Codes, TellTheirLevelAndAscend) {
+    std::string before;
+    for (const CheckCode* code : checkCodes()) {
+        EXPECT_EQ(code->id[3], code->level == CheckLevel::Error ? '1' : '2') << code->id;
+        EXPECT_LT(before, code->id);
+        before = code->id;
+    }
+}
+
+TEST(Codes, StandInTheDocumentationWithAnExampleThatDrawsThem) {
+    const std::regex row(
+        R"re(\| (EBO\d+) \| (\w+) \| ([^|]+) \| (.+) \| \[([^\]]+)\]\(\.\./tests/data/check/([^)]+)\) \|)re");
+    std::istringstream page(readText(EBO_DOCS_DIR "/check.md"));
+    std::vector<std::string> documented;
+    for (std::string line; std::getline(page, line);) {
+        std::smatch column;
+        if (line.compare(0, 5, "| EBO") != 0) continue;
+        ASSERT_TRUE(std::regex_match(line, column, row)) << line;
+        documented.push_back(column.str(1) + ' ' + column.str(2) + ' ' + column.str(3));
+        EXPECT_EQ(column[5], column[6]);
+        EXPECT_THAT(codesOf(checkFaulty(column[5])), testing::Contains(column.str(1)));
+        const std::string example = column[4];
+        if (example.front() != '`') continue;  // what is missing cannot be shown
+        EXPECT_THAT(readText(kFaultyFiles + column.str(5)),
+                    testing::HasSubstr(example.substr(1, example.size() - 2)));
+    }
+    std::vector<std::string> coded;
+    for (const CheckCode* code : checkCodes()) {
+        coded.push_back(std::string(code->id) + ' ' + checkLevelName(code->level) + ' ' + code->title);
+    }
+    EXPECT_EQ(documented, coded);
+}
+
+bool hasKey(const EboSection& section, const std::string& key) {
+    return std::any_of(section.rows, section.rows + section.rowCount,
+                       [&key](const EboKeyRow& row) { return key == row.key; });
+}
+
+TEST(Rules, NameKeysOfTheTables) {
+    for (const OrderRule& rule : orderRules()) {
+        EXPECT_TRUE(hasKey(*rule.section, rule.low)) << rule.low;
+        EXPECT_TRUE(hasKey(*rule.section, rule.high)) << rule.high;
+    }
+    for (const EboLoadStep& step : kEboLoadOrder) {
+        for (const NeverRead& setting : neverRead(*step.section)) {
+            EXPECT_FALSE(hasKey(*step.section, setting.key)) << setting.key;
+        }
+    }
+}
+
+TEST(Examples, HaveNoErrors) {
+    const LogCatcher ignored;
+    for (const std::string& file : filesIn(EBO_TUNINGS_DIR, ".json")) {
+        EXPECT_EQ(checkFile(file, "full").count(CheckLevel::Error), 0U) << file;
+    }
+}
+
+size_t g_told = 0;
+
+TEST(SeveralFiles, AreCheckedOnThreadsAndReportedInTheirOrder) {
+    const LogCatcher ignored;
+    std::vector<std::string> paths;
+    for (const std::string& name : faultyFiles()) paths.push_back(kFaultyFiles + name);
+    g_told = 0;
+    const std::vector<CheckReport> reports = checkFiles(paths, "full", 4, [](size_t done, size_t all) {
+        EXPECT_EQ(done, ++g_told);
+        EXPECT_LE(done, all);
+    });
+    ASSERT_EQ(reports.size(), paths.size());
+    EXPECT_EQ(g_told, paths.size());
+    for (size_t i = 0; i < paths.size(); ++i) {
+        std::ostringstream together;
+        std::ostringstream alone;
+        writeCheckText(reports[i], {}, together);
+        writeCheckText(checkFile(paths[i], "full"), {}, alone);
+        EXPECT_EQ(together.str(), alone.str());
+    }
+}
+
+TEST(TextReport, CutsLongLinesToTheWidthAroundTheMark) {
+    CheckPlace place;
+    place.line = 7;
+    place.column = 301;
+    place.length = 4;
+    place.quote = std::string(150, 'a') + "MARK" + std::string(150, 'b');
+    place.quoteMark = 150;
+    const CheckReport report = {
+        "f", {{&kUnknownKey, place, "text", "device", ""}}, "load", CheckOutcome::Loads, {}};
+    std::ostringstream out;
+    writeCheckText(report, {false, 40}, out);
+    EXPECT_THAT(out.str(), testing::HasSubstr("     7 | ...aaaaaaaaaaaaMARKbbbbbbbbb...\n"
+                                              "       |                ^~~~\n"));
+}
+
+TEST(TextReport, LetsNoFileSteerTheTerminal) {
+    CheckPlace place;
+    place.line = 1;
+    place.quote = "\x1b[2J\xC2\x9B\xFFk\xC3\xA9";
+    place.quoteMark = 7;
+    place.length = 3;
+    const CheckReport report = {
+        "\x1b", {{&kUnknownKey, place, "text", "device", ""}}, "load", CheckOutcome::Loads, {}};
+    std::ostringstream out;
+    writeCheckText(report, {}, out);
+    EXPECT_THAT(out.str(), testing::HasSubstr("?:1:0: "));
+    EXPECT_THAT(out.str(), testing::HasSubstr("     1 | ?[2J???k\xC3\xA9\n       |        ^~\n"));
+}
+
+}  // namespace

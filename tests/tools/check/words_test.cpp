@@ -1,0 +1,76 @@
+// What the check takes a name for, and how it helps with broken JSON.
+#include <gtest/gtest.h>
+
+#include "check_plan.h"
+#include "check_syntax.h"
+#include "check_words.h"
+
+namespace {
+
+struct Slip {
+    const char* written;
+    const char* meant;
+};
+
+class Slips : public testing::TestWithParam<Slip> {};
+
+TEST_P(Slips, AreUnderstood) {
+    std::vector<std::string> keys;
+    for (const EboLoadStep& step : kEboLoadOrder) {
+        for (uint16_t i = 0; i < step.section->rowCount; ++i) keys.emplace_back(step.section->rows[i].key);
+    }
+    EXPECT_EQ(nearestName(GetParam().written, keys), GetParam().meant);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, Slips,
+                         testing::Values(Slip{"ksiThd_lo", "ksiThd_low"}, Slip{"KSITHD_LOW", "ksiThd_low"},
+                                         Slip{"ksiThdlow", "ksiThd_low"}, Slip{"targt", "targ"},
+                                         Slip{"drop_ref_chanel", "drop_ref_channel"},
+                                         Slip{"stauts", "status"}, Slip{"moed", "mode"},
+                                         Slip{"wakeup_word", "wakeup_words"}, Slip{"t_60", "t60"},
+                                         Slip{"comment", ""}, Slip{"x", ""}, Slip{"", ""},
+                                         Slip{"gain", "fGain"}));
+
+struct Broken {
+    const char* text;  // up to where the parser stops stands before the '^'
+    const char* help;
+};
+
+class BrokenJson : public testing::TestWithParam<Broken> {};
+
+TEST_P(BrokenJson, IsHelpedWith) {
+    std::string text = GetParam().text;
+    const size_t offset = text.find('^');
+    text.erase(offset, 1);
+    EXPECT_EQ(syntaxHelp(text, offset), GetParam().help);
+}
+
+constexpr char kNumbers[] =
+    "write numbers as 5, -5, 0.5 or 1e-3: no '+', no leading zeros, a digit before the point";
+constexpr char kNames[] = "write names and texts in double quotes; true, false and null in lower case";
+
+INSTANTIATE_TEST_SUITE_P(
+    Documents, BrokenJson,
+    testing::Values(Broken{"{\"a\": 1\n^\"b\": 2}", "put a comma at the end of line 1"},
+                    Broken{"{\"a\": {}\n\n^\"b\": 2}", "put a comma at the end of line 1"},
+                    Broken{"{\"a\": 1,\n^}",
+                           "remove the comma at the end of line 1, or add what should follow it"},
+                    Broken{"{\"a\": ^}", "write a value behind the ':'"},
+                    Broken{"{\"a\": ^,", "write a value behind the ':'"},
+                    Broken{"{\"a\": 1, ^// why", "JSON has no comments: remove it"},
+                    Broken{"{^'a': 1}", "use double quotes"}, Broken{"{\"a\": ^True}", kNames},
+                    Broken{"{^a: 1}", kNames}, Broken{"{\"a\": ^+1}", kNumbers},
+                    Broken{"{\"a\": ^.5}", kNumbers}, Broken{"{\"a\": 0^5}", kNumbers},
+                    Broken{"{\"a\": 0,^5}", "write a decimal point, not a decimal comma"},
+                    Broken{"{\"a\": \"C:^\\x\"}", "write two backslashes for one, or '/' in a path"},
+                    Broken{"{\"a\": \"b^\n", "close the string with a quote on the same line"},
+                    Broken{"{\"a\": 1^;", "write a comma instead"},
+                    Broken{"{\"a\" ^= 1", "write a ':' between key and value"},
+                    Broken{"{\"a\" ^1", "put a ':' between key and value, a comma behind a value"},
+                    Broken{"{}^x", "remove what stands behind the last '}'"},
+                    Broken{"{\"a\": ^\xE2\x80\x9C", "use plain double quotes, not typographic ones"},
+                    Broken{"{\"a\": \"^\xE9\"}", "save the file as UTF-8"},
+                    Broken{"{\"a\": {^", "the file ends too early: close every '{' with a '}'"},
+                    Broken{"^", "the file ends too early"}));
+
+}  // namespace
