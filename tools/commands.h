@@ -22,6 +22,7 @@ void addDumpCommand(CLI::App& app, ExitStatus& status);
 void addDefaultsCommand(CLI::App& app, ExitStatus& status);
 void addCheckCommand(CLI::App& app, ExitStatus& status);
 void addDiffCommand(CLI::App& app, ExitStatus& status);
+void addExplainCommand(CLI::App& app, ExitStatus& status);
 void addExportCommand(CLI::App& app, ExitStatus& status);
 void addKeysCommand(CLI::App& app, ExitStatus& status);
 void addSchemaCommand(CLI::App& app, ExitStatus& status);

@@ -15,6 +15,7 @@ ExitStatus run(int argc, char** argv) {
     addDefaultsCommand(app, status);
     addCheckCommand(app, status);
     addDiffCommand(app, status);
+    addExplainCommand(app, status);
     addExportCommand(app, status);
     addKeysCommand(app, status);
     addSchemaCommand(app, status);
