@@ -1,8 +1,9 @@
-// The host framework as the configuration library sees it. This page is the whole contract: a host that brings
-// its own framework declares the same names and keeps to what is said here. Private parts are the framework's own.
+// The host framework as the configuration library sees it, and all that it uses of it. A host that brings its
+// own framework declares these names and keeps what is said here; private parts are each framework's own
+// business.
 //
-// Threads: every function may be called from many threads at once. A KAJsonParser and the KaMetaData filled from
-// it belong to one thread at a time; different parsers never disturb each other.
+// Everything may be called from several threads at once. A parser and the records filled from it are used by
+// one thread at a time; different parsers never disturb each other. Nothing here throws.
 #pragma once
 
 #include <cstddef>
@@ -10,20 +11,11 @@
 
 #define KA_NULL nullptr
 
-struct KaJsonEntry;
 class KAJsonTable;
+struct KaJsonEntry;
 
-// Says what is wrong with a file; `reason` is null while there is no error.
-struct KaJsonError {
-    const char* reason = nullptr;  // plain words, static storage
-    int system_error = 0;          // errno of a failed call on the file, otherwise 0
-    uint32_t line = 0;             // counted from 1; 0 when the file as a whole is meant
-    uint32_t column = 0;           // in bytes, counted from 1
-};
-
-// The keys of one section. Made empty on the reader's stack, filled by KAJsonParser::getOptions.
-// Default framework: a view into its parser, without memory of its own; it must not outlive the parser and ends
-// with the parser's next parseFile.
+// The keys and values of one section. Made empty on its user's stack, filled by KAJsonParser::getOptions.
+// This framework's is a view into the parser, without memory of its own: it ends with the parser.
 class KaMetaData {
 public:
     KaMetaData() = default;
@@ -31,15 +23,14 @@ public:
     KaMetaData(const KaMetaData&) = delete;
     KaMetaData& operator=(const KaMetaData&) = delete;
 
-    // Each returns true and stores into *out when the section has `key` (compared byte by byte, case counts) with
-    // a value of the right type; otherwise returns false and leaves *out alone. A null key is never found. Of
-    // several equal keys the last one in the file counts.
-    //
-    // A JSON integer that fits 32 bits; not 1.0, 1e3, true or "1".
+    // True, and the value in *out, when the record holds `key`, spelt exactly so, with a value of the right
+    // type: findInt32 takes a JSON integer that fits 32 bits (not 1.0, 1e3, true or "1"); findFloat any JSON
+    // number, as the nearest float (1e400 is infinity, 1e-400 is 0); findCString a JSON string, as UTF-8
+    // ending in NUL (one with \u0000 inside ends there). Otherwise, and for a null key, false, and *out is
+    // left alone. Of several equal keys the last one in the file counts. The text belongs to the record and
+    // lives as long as it.
     bool findInt32(const char* key, int* out) const;
-    // Any JSON number, as the nearest float; too large is infinity, too small is zero.
     bool findFloat(const char* key, float* out) const;
-    // A JSON string, UTF-8, ending in NUL (a \u0000 within ends it early). The text lives as long as this object.
     bool findCString(const char* key, const char** out) const;
 
 private:
@@ -49,10 +40,12 @@ private:
     const char* text_ = nullptr;
     const KaJsonEntry* begin_ = nullptr;
     const KaJsonEntry* end_ = nullptr;
-    mutable const KaJsonEntry* next_ = nullptr;  // where the next lookup starts: keys mostly come in file order
+    mutable const KaJsonEntry* next_ = nullptr;  // behind the last one found: keys mostly come in file order
+    bool repeats_ = false;                       // whether two keys may be equal
 };
 
-// One opened document: an object of named roots, each an object of named sections, each an object of keys.
+// One tuning file: a JSON object of named roots, each an object of named sections, each an object of keys.
+// This framework's takes strict JSON (RFC 8259), UTF-8 without a byte order mark, in regular files of up to 64 MiB.
 class KAJsonParser {
 public:
     KAJsonParser() = default;
@@ -60,12 +53,13 @@ public:
     KAJsonParser(const KAJsonParser&) = delete;
     KAJsonParser& operator=(const KAJsonParser&) = delete;
 
-    // Reads the whole file; it is closed again on return. Non-zero on success. 0 when it cannot be read or is not
-    // JSON, or path is null; the framework reports the reason itself and the document stays empty.
+    // Reads the file and closes it again. Non-zero on success. 0 when it cannot be read or is not JSON, or
+    // `path` is null: the framework itself reports the reason, its callers do not, and the document is empty.
     int parseFile(const char* path);
 
-    // Fills *out with the keys of root.section in place of what it held. Leaves it empty when root or section is
-    // missing, null or not an object. Non-zero when the section was found; callers may ignore it.
+    // Fills *out with the keys of the section in place of what it held; *out becomes empty when root or
+    // section is missing, not an object, or null. Non-zero when the section was found, but callers go by the
+    // record alone.
     int getOptions(const char* root, const char* section, KaMetaData* out);
 
 private:
@@ -73,10 +67,13 @@ private:
     void close();
     void report(const char* path) const;
 
-    char* text_ = nullptr;
-    KaJsonEntry* entries_ = nullptr;
-    uint32_t count_ = 0;
-    KaJsonError error_;
+    char* text_ = nullptr;            // the file, strings decoded in place
+    KaJsonEntry* entries_ = nullptr;  // roots, sections and keys
+    uint32_t count_ = 0;              // of entries
+    const char* error_ = nullptr;     // why parseFile failed
+    int error_errno_ = 0;
+    uint32_t error_line_ = 0;
+    uint32_t error_column_ = 0;
 };
 
 #if defined(__GNUC__)
@@ -85,25 +82,27 @@ private:
 #define KA_LOG_FORMAT
 #endif
 
-// One message of the log: printf format and its arguments after the line. Formats and texts may carry terminal
-// colour sequences and a newline; a null under "%s" must be survived. Levels: 2 error, 4 notice, 5 information.
-// `channel` names the sender to a host that sorts its log by sender. Neither call may end the process.
-void ka_err(unsigned int channel, int level, const char* tag, const char* format, const char* function, int line,
-            ...) KA_LOG_FORMAT;
-void ka_log(unsigned int channel, int level, const char* tag, const char* format, const char* function, int line,
-            ...) KA_LOG_FORMAT;
+// One message to the log: a printf format and, after the line, its arguments. It may hold terminal colour
+// sequences and end in a newline, inside the colour or behind it; null under "%s" is allowed. `level` is 2
+// for an error, 4 for a notice, 5 for information. `channel` names the sender, for hosts that tell senders
+// apart; tag, function and line say where the message comes from. All texts are the caller's. The call
+// returns, whatever the level.
+void ka_err(unsigned int channel, int level, const char* tag, const char* format, const char* function,
+            int line, ...) KA_LOG_FORMAT;
+void ka_log(unsigned int channel, int level, const char* tag, const char* format, const char* function,
+            int line, ...) KA_LOG_FORMAT;
 
-// Memory of `size` bytes, all zero, that free() accepts as well; null when there is none. `caller` is the name of
-// the calling function.
+// Memory of `size` bytes, all of them zero, or null. Owned by the caller, who may release it with
+// ka_mem_safe_free or with free(). `caller` is the calling function's name.
 void* ka_mem_malloc(size_t size, const char* caller);
 
-// Releases *pointer and leaves null there. *pointer may be null, a block of ka_mem_malloc or of the standard
-// allocator (strdup included), or the address of static storage, which is not touched. A null `pointer` is fine.
+// Releases *pointer, which may be null, a block of ka_mem_malloc, malloc or strdup, or the address of static
+// storage, which is left alone. *pointer is null afterwards. A null `pointer` is nothing to do.
 void ka_mem_safe_free(void** pointer, const char* caller);
 
-// As memset; a null `memory` is left alone. Returns `memory`.
+// As memset. Returns `memory`, which may be null.
 void* ka_memset(void* memory, int value, size_t size);
 
-// Below, equal to or above 0 as `a` sorts before, with or after `b`, the letters A-Z taken as a-z and all other
-// bytes as they are, whatever the locale. A null sorts before every text and equals only another null.
+// 0 when equal, otherwise below or above 0 as `a` sorts before or after `b`. A-Z count as a-z, in every
+// locale; all other bytes as they are. Null sorts before every text and equals null.
 int util_strcasecmp(const char* a, const char* b);

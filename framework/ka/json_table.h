@@ -1,46 +1,51 @@
-// Read-only view of an opened document for tools. Only the default framework has it.
+// An opened document, read-only, for tools that want to see all of it. Not part of what a host must bring.
 #pragma once
 
 #include <ka/framework.h>
 
 enum class KaJsonKind : uint8_t { kNull, kBool, kNumber, kString, kArray, kObject };
 
-// One root, section or key. Texts belong to the parser and live until its next parseFile or its end.
+// One root, section or key. The texts belong to the parser and live until its next parseFile or its end.
 struct KaJsonItem {
-    const char* name;        // decoded, NUL-terminated
-    uint32_t name_length;    // in bytes; more than strlen(name) when the name contains \u0000
-    uint32_t name_offset;    // byte offset in the file of the name, behind its opening quote
-    KaJsonKind kind;         // of the value
-    const char* value;       // a string decoded and NUL-terminated, a number as written but not terminated; else null
-    uint32_t value_length;   // in bytes; 0 when value is null
-    uint32_t value_offset;   // byte offset in the file of the value; of a string behind its opening quote
-    uint32_t index;          // its place in the table
-    uint32_t level;          // 1 root, 2 section, 3 key
+    const char* name = nullptr;   // decoded, ends in NUL
+    uint32_t name_length = 0;     // bytes; more than strlen(name) if the name holds \u0000
+    uint32_t name_offset = 0;     // byte of the file behind the name's opening quote
+    KaJsonKind kind = {};         // of the value
+    const char* value = nullptr;  // string: decoded, ends in NUL; number: as written; else null
+    uint32_t value_length = 0;    // bytes
+    uint32_t value_offset = 0;    // byte of the file where the value begins; of a string behind its quote
+    uint32_t index = 0;           // counted from 0 in file order
+    uint32_t level = 0;           // 1 root, 2 section, 3 key
 };
 
-// Walks all roots, sections and keys in file order, duplicates included. What lies deeper than a key's value, or
-// inside an array, is not in the table.
-//
-//     KAJsonTable table(parser);
-//     for (KaJsonItem item; table.next(&item);) ...
+// Why parseFile failed. `reason` is null when it did not.
+struct KaJsonError {
+    const char* reason = nullptr;  // plain words, static storage
+    int system_error = 0;          // errno of a failed call on the file, otherwise 0
+    uint32_t line = 0;             // from 1; 0 when the file as a whole is meant
+    uint32_t column = 0;           // bytes, from 1
+};
+
+// Gives all roots, sections and keys in file order, parents before children, repeated ones included. What
+// lies inside an array, or deeper than a key, is not given.
 class KAJsonTable {
 public:
+    // The parser must outlive the table.
     explicit KAJsonTable(const KAJsonParser& parser) : parser_(parser) {}
 
-    // False at the end.
+    // The next one; false, and *item left alone, when there is none.
     bool next(KaJsonItem* item);
 
-    // Why the last parseFile failed; `reason` is null when it did not.
-    const KaJsonError& error() const { return parser_.error_; }
+    KaJsonError error() const;
 
 private:
     const KAJsonParser& parser_;
     uint32_t index_ = 0;
-    uint32_t root_end_ = 0;
-    uint32_t section_end_ = 0;
+    uint32_t root_end_ = 0;     // index behind the current root and all below it
+    uint32_t section_end_ = 0;  // the same for the current section
 };
 
-// Line and column, both from 1, of a byte offset in a file's text as it is on disk. The column counts bytes.
+// Line and column of a byte of a text as it is on disk: from 1, the column in bytes.
 struct KaTextPosition {
     uint32_t line;
     uint32_t column;

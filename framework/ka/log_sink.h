@@ -1,25 +1,25 @@
-// Takes the default framework's log from standard error into the program's own hands.
+// Takes the log of this framework from standard error into the program's own hands.
 #pragma once
 
 #include <ka/framework.h>
 
+// All texts are lent for the call.
 struct KaLogMessage {
     unsigned int channel;
-    int level;             // 2 error, 4 notice, 5 information
-    const char* tag;       // as given, may be null
-    const char* function;  // as given, may be null
+    int level;
+    const char* tag;
+    const char* function;
     int line;
-    const char* format;  // as given, before the arguments were filled in
-    const char* text;    // the message as formatted: colour sequences and newlines still in it
-    bool error;          // came through ka_err, not ka_log
+    const char* format;  // as the sender wrote it, greppable
+    const char* text;    // formatted; colour sequences and newlines are still in it
+    bool error;          // sent by ka_err, not by ka_log
 };
 
-// Called on the logging thread, from several threads at once. The message lives for the call. A sink may log (it
-// is then called again) but must not install or remove a sink.
+// Called on the sender's thread, for several threads at once. May log, and is then called again; must not
+// install or remove a sink.
 using KaLogSink = void (*)(const KaLogMessage& message, void* user);
 
-// From now on every message goes to `sink` and nothing to standard error; `user` is handed on and stays the
-// caller's. A null sink, or ka_remove_log_sink, restores standard error. On return no call of the former sink is
-// running any more, so that its `user` may go.
+// From now on messages go to the sink instead of to standard error, until another one (null: none) is
+// installed. `user` is handed on. On return the former sink is in no call any more, and its `user` may go.
 void ka_install_log_sink(KaLogSink sink, void* user);
 void ka_remove_log_sink();

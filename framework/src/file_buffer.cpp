@@ -30,9 +30,10 @@ ssize_t readFully(int fd, char* text, size_t size) {
 
 const char* readFile(const char* path, FileBuffer* file, int* system_error) {
     *system_error = 0;
-    // Non-blocking: opening a pipe without a writer must not hang.
+    if (!path) return "no file name";
+    // O_NONBLOCK: opening a pipe that nobody writes must not hang.
     do {
-        file->fd = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+        file->fd = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     } while (file->fd < 0 && errno == EINTR);
     struct stat status;
     if (file->fd < 0 || fstat(file->fd, &status) != 0) {

@@ -6,8 +6,8 @@
 
 constexpr size_t kMaxFileSize = size_t{64} << 20;
 
-// Zero bytes behind the text: the JSON library looks ahead by up to a vector register or a UTF-8 sequence.
-constexpr size_t kFilePadding = 16;
+// Zero bytes behind the text: the JSON reader looks ahead by up to a word or a UTF-8 sequence.
+constexpr size_t kFilePadding = 8;
 
 struct FileBuffer {
     int fd = -1;
@@ -15,8 +15,8 @@ struct FileBuffer {
     uint32_t size = 0;
 };
 
-// Opens and reads a regular file. Null on success, otherwise what went wrong, with errno in *system_error when a
-// call on the file failed and 0 when not. In both cases the caller ends with closeFile and owns `text`.
+// Opens and reads a regular file of at most kMaxFileSize bytes. Null on success, otherwise what went wrong,
+// with the errno of a failed call or 0 in *system_error. Always the caller owns `text` and calls closeFile.
 const char* readFile(const char* path, FileBuffer* file, int* system_error);
 
 // Restores the text after it was changed in memory. False when the file no longer delivers it.

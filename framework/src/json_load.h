@@ -5,12 +5,13 @@
 #include "json_entry.h"
 
 struct JsonLoad {
-    KaJsonEntry* entries = nullptr;  // malloc'd, owned by the caller also after a failure
+    KaJsonEntry* entries = nullptr;  // malloc'd, the caller's to free also after a failure
     uint32_t count = 0;
+    uint32_t capacity = 0;
     const char* reason = nullptr;  // of a failure, plain words, static storage
-    uint32_t error_offset = 0;     // of a failure, byte offset in the text
-    bool located = false;          // whether error_offset means anything
+    bool located = false;          // whether the failure has a place in the text
+    uint32_t offset = 0;           // that place
 };
 
-// Decodes the text in place (strings become NUL-terminated UTF-8). False when it is not JSON.
+// Decodes the text in place: strings end in NUL, all keeps its offset. False when the text is not JSON.
 bool loadJson(FileBuffer* file, JsonLoad* load);

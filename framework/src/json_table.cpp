@@ -5,27 +5,31 @@
 bool KAJsonTable::next(KaJsonItem* item) {
     if (index_ == parser_.count_) return false;
     const KaJsonEntry& entry = parser_.entries_[index_];
-    const bool object = entry.kind() == KaJsonKind::kObject;
+    const uint32_t end = entry.kind() == KaJsonKind::kObject ? entry.extent() : index_ + 1;
     if (index_ >= root_end_) {
         item->level = 1;
-        root_end_ = section_end_ = object ? entry.extent() : index_ + 1;
+        root_end_ = end;
         section_end_ = index_ + 1;
     } else if (index_ >= section_end_) {
         item->level = 2;
-        section_end_ = object ? entry.extent() : index_ + 1;
+        section_end_ = end;
     } else {
         item->level = 3;
     }
-    const bool text = entry.kind() == KaJsonKind::kString || entry.kind() == KaJsonKind::kNumber;
+    const bool has_text = entry.kind() == KaJsonKind::kString || entry.kind() == KaJsonKind::kNumber;
     item->name = parser_.text_ + entry.name;
     item->name_length = entry.name_length;
     item->name_offset = entry.name;
     item->kind = entry.kind();
-    item->value = text ? parser_.text_ + entry.value : nullptr;
-    item->value_length = text ? entry.extent() : 0;
+    item->value = has_text ? parser_.text_ + entry.value : nullptr;
+    item->value_length = has_text ? entry.extent() : 0;
     item->value_offset = entry.value;
     item->index = index_++;
     return true;
+}
+
+KaJsonError KAJsonTable::error() const {
+    return {parser_.error_, parser_.error_errno_, parser_.error_line_, parser_.error_column_};
 }
 
 KaTextPosition ka_text_position(const char* text, size_t offset) {

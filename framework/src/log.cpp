@@ -61,9 +61,9 @@ private:
     char* heap_ = nullptr;
 };
 
-__attribute__((format(printf, 5, 0))) void deliver(bool error, unsigned int channel, int level, const char* tag,
-                                                   const char* format, const char* function, int line,
-                                                   va_list arguments) {
+__attribute__((format(printf, 5, 0))) void deliver(bool error, unsigned int channel, int level,
+                                                   const char* tag, const char* format, const char* function,
+                                                   int line, va_list arguments) {
     const int former_errno = errno;
     const Text text(format, arguments);
     const KaLogMessage message = {channel, level, tag, function, line, format, text.get(), error};
@@ -86,18 +86,20 @@ void ka_install_log_sink(KaLogSink sink, void* user) {
     pthread_rwlock_unlock(&g_sink_lock);
 }
 
-void ka_remove_log_sink() { ka_install_log_sink(nullptr, nullptr); }
+void ka_remove_log_sink() {
+    ka_install_log_sink(nullptr, nullptr);
+}
 
-void ka_err(unsigned int channel, int level, const char* tag, const char* format, const char* function, int line,
-            ...) {
+void ka_err(unsigned int channel, int level, const char* tag, const char* format, const char* function,
+            int line, ...) {
     va_list arguments;
     va_start(arguments, line);
     deliver(true, channel, level, tag, format, function, line, arguments);
     va_end(arguments);
 }
 
-void ka_log(unsigned int channel, int level, const char* tag, const char* format, const char* function, int line,
-            ...) {
+void ka_log(unsigned int channel, int level, const char* tag, const char* format, const char* function,
+            int line, ...) {
     va_list arguments;
     va_start(arguments, line);
     deliver(false, channel, level, tag, format, function, line, arguments);

@@ -2,12 +2,21 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 namespace {
+
+const char* levelName(int level, char (&digits)[12]) {
+    if (level == 2) return "E";
+    if (level == 4) return "N";
+    if (level == 5) return "I";
+    snprintf(digits, sizeof digits, "%d", level);
+    return digits;
+}
 
 // Length of the colour sequence (ESC [ numbers m) at `text`, 0 if there is none.
 size_t colourLength(const char* text) {
@@ -16,8 +25,8 @@ size_t colourLength(const char* text) {
     return text[length] == 'm' ? length + 1 : 0;
 }
 
-// Copies the text as one line: newlines at its end go, even those before a last colour sequence, others become
-// blanks; colours go unless wanted. Stops at `end`. Returns where the copy ends.
+// Copies the text as one line: newlines at its end go, also those before a last colour sequence, others
+// become blanks; colours go unless wanted. Stops at `end`. Returns where the copy ends.
 char* copyLine(char* to, const char* end, const char* text, bool colours) {
     size_t newlines = 0;  // seen and not yet written
     while (*text != '\0') {
@@ -54,25 +63,19 @@ void writeAll(const char* line, size_t length) {
 
 void writeLogLine(const KaLogMessage& message) {
     char digits[12];
-    const char* level = digits;
-    switch (message.level) {
-        case 2: level = "E"; break;
-        case 4: level = "N"; break;
-        case 5: level = "I"; break;
-        default: snprintf(digits, sizeof digits, "%d", message.level);
-    }
+    const char* const level = levelName(message.level, digits);
     const char* const tag = message.tag ? message.tag : "-";
     const char* const function = message.function ? message.function : "-";
     const size_t size = strlen(tag) + strlen(function) + strlen(message.text) + 32;
     char stack[640];
     char* const heap = size > sizeof stack ? static_cast<char*>(malloc(size)) : nullptr;
     char* const line = heap ? heap : stack;
-    const char* const end = line + (heap ? size : sizeof stack) - 1;
+    const size_t capacity = heap ? size : sizeof stack;
+    const char* const end = line + capacity - 1;  // room for the newline
 
     const bool colours = strchr(message.text, '\x1b') && isatty(STDERR_FILENO);
-    int head = snprintf(line, static_cast<size_t>(end - line), "%s %s %s:%d: ", level, tag, function, message.line);
-    if (head < 0) head = 0;
-    if (head > end - line) head = static_cast<int>(end - line);
+    const int length = snprintf(line, capacity, "%s %s %s:%d: ", level, tag, function, message.line);
+    const ptrdiff_t head = std::clamp<ptrdiff_t>(length, 0, end - line);
     char* to = copyLine(line + head, end, message.text, colours);
     *to++ = '\n';
     writeAll(line, static_cast<size_t>(to - line));

@@ -3,6 +3,6 @@
 
 #include "ka/log_sink.h"
 
-// Writes "LEVEL TAG function:line: text" and one newline with a single call of the system, so that lines of several
-// threads do not mix. Colours reach a terminal only.
+// Writes "LEVEL TAG function:line: text" and one newline with a single call of the system, so that lines of
+// several threads do not mix. Colours reach a terminal only.
 void writeLogLine(const KaLogMessage& message);

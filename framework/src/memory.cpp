@@ -12,14 +12,17 @@ int holdsAddress(dl_phdr_info* info, size_t, void* address) {
     for (int i = 0; i < info->dlpi_phnum; ++i) {
         const auto& segment = info->dlpi_phdr[i];
         const uintptr_t begin = info->dlpi_addr + segment.p_vaddr;
-        if (segment.p_type == PT_LOAD && reinterpret_cast<uintptr_t>(address) - begin < segment.p_memsz) return 1;
+        const uintptr_t distance = reinterpret_cast<uintptr_t>(address) - begin;
+        if (segment.p_type == PT_LOAD && distance < segment.p_memsz) return 1;
     }
     return 0;
 }
 
 }  // namespace
 
-void* ka_mem_malloc(size_t size, const char*) { return calloc(1, size); }
+void* ka_mem_malloc(size_t size, const char*) {
+    return calloc(1, size);
+}
 
 void ka_mem_safe_free(void** pointer, const char*) {
     if (!pointer || !*pointer) return;
@@ -27,4 +30,6 @@ void ka_mem_safe_free(void** pointer, const char*) {
     *pointer = nullptr;
 }
 
-void* ka_memset(void* memory, int value, size_t size) { return memory ? memset(memory, value, size) : nullptr; }
+void* ka_memset(void* memory, int value, size_t size) {
+    return memory ? memset(memory, value, size) : nullptr;
+}

@@ -1,19 +1,21 @@
+#include <locale.h>
+
 #include <charconv>
 #include <cstdlib>
 #include <cstring>
 
-#include <clocale>
-#include <locale.h>
-
 #include "json_entry.h"
 
-// Of equal keys the last one counts, so the search runs backwards.
 const KaJsonEntry* KaMetaData::find(const char* key) const {
     if (!key) return nullptr;
     const size_t length = strlen(key);
+    if (next_ != end_ && !repeats_ && next_->isCalled(key, length, text_)) return next_++;
+    // Backwards, as of several equal keys the last one counts.
     for (const KaJsonEntry* entry = end_; entry != begin_;) {
-        --entry;
-        if (entry->name_length == length && memcmp(text_ + entry->name, key, length) == 0) return entry;
+        if ((--entry)->isCalled(key, length, text_)) {
+            next_ = entry + 1;
+            return entry;
+        }
     }
     return nullptr;
 }
@@ -35,8 +37,8 @@ bool KaMetaData::findFloat(const char* key, float* out) const {
     if (!entry || entry->kind() != KaJsonKind::kNumber) return false;
     const char* const begin = text_ + entry->value;
     float value;
-    if (std::from_chars(begin, begin + entry->extent(), value).ec == std::errc::result_out_of_range) {
-        // Infinity, a denormal or zero: from_chars does not say which.
+    if (std::from_chars(begin, begin + entry->extent(), value).ec != std::errc{}) {
+        // Infinity or zero: from_chars does not say which. The byte behind the number ends it.
         const locale_t c_locale = newlocale(LC_ALL_MASK, "C", nullptr);
         value = strtof_l(begin, nullptr, c_locale);
         freelocale(c_locale);

@@ -37,6 +37,12 @@ inline ExpectedLine info(const std::string& function, const std::string& format,
     return {false, 5, function, format, text};
 }
 
+// Test instances bear the name of their line of data.
+template <class Case>
+std::string nameOfCase(const testing::TestParamInfo<Case>& instance) {
+    return instance.param.name;
+}
+
 void expectLine(const LogCall& got, const ExpectedLine& want);
 void expectLog(const Host& host, const std::vector<ExpectedLine>& want);
 

@@ -17,8 +17,12 @@
 
 using ka_recording::LogCall;
 
+//
+// Each thread has hosts of its own. Of several in one thread the last one made is told what happens; they end
+// in reverse order.
 class Host {
 public:
+    struct State;
     static constexpr bool kRecords = EBO_HOST_RECORDS;
 
     Host();
@@ -44,7 +48,6 @@ public:
     ka_recording::Recorder& recorder();
 
 private:
-    struct State;
     std::unique_ptr<State> state_;
 };
 

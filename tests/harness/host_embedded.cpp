@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 #include <ka/log_sink.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 
 #include "harness/host.h"
 
@@ -20,17 +19,16 @@
 #endif
 
 struct Host::State {
-    std::filesystem::path folder;
-    int files = 0;
+    std::vector<int> files;
     std::vector<LogCall> log;
     bool echo = false;
     bool leaks = false;
+    State* former = nullptr;
 };
 
 namespace {
 
-thread_local std::vector<LogCall>* t_log = nullptr;
-thread_local const bool* t_echo = nullptr;
+thread_local Host::State* t_host = nullptr;
 
 std::string string(const char* text) {
     return text ? text : "(null)";
@@ -41,8 +39,8 @@ void collect(const KaLogMessage& message, void*) {
     const LogCall line{message.error,          message.channel,          message.level, string(message.tag),
                        string(message.format), string(message.function), message.line,  string(message.text)};
     if (line.tag == "KAJsonParser") return;
-    if (!t_log || *t_echo) std::fprintf(stderr, "%s\n", toString(line).c_str());
-    if (t_log) t_log->push_back(line);
+    if (!t_host || t_host->echo) std::fprintf(stderr, "%s\n", toString(line).c_str());
+    if (t_host) t_host->log.push_back(line);
 }
 
 const bool g_sink_installed = [] {
@@ -54,29 +52,25 @@ const bool g_sink_installed = [] {
 
 Host::Host() : state_(new State) {
     EXPECT_TRUE(g_sink_installed);
-    std::string name = (std::filesystem::temp_directory_path() / "ebo-test-XXXXXX").string();
-    EXPECT_NE(mkdtemp(name.data()), nullptr);
-    state_->folder = name;
-    t_log = &state_->log;
-    t_echo = &state_->echo;
+    state_->former = t_host;
+    t_host = state_.get();
 }
 
 // Leaks are the sanitizer's to find.
 Host::~Host() {
-    t_log = nullptr;
-    t_echo = nullptr;
+    t_host = state_->former;
 #ifdef EBO_LEAKS_ARE_SEEN
     if (state_->leaks) __lsan_enable();
 #endif
-    std::error_code ignored;
-    std::filesystem::remove_all(state_->folder, ignored);
+    for (const int file : state_->files) close(file);
 }
 
+// In memory: a death test leaves no file behind.
 std::string Host::file(const std::string& text) {
-    const std::filesystem::path path =
-        state_->folder / ("document-" + std::to_string(state_->files++) + ".json");
-    std::ofstream(path, std::ios::binary) << text;
-    return path.string();
+    const int file = memfd_create("document.json", MFD_CLOEXEC);
+    EXPECT_EQ(write(file, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+    state_->files.push_back(file);
+    return "/proc/self/fd/" + std::to_string(file);
 }
 
 std::vector<LogCall> Host::log() const {

@@ -81,6 +81,9 @@ public:
     bool garbage = false;  // hands out memory full of 0xa5 instead of zeros
     bool echo = false;     // writes each log line to standard error, for death tests
     int blocks = 0;        // blocks handed out
+
+private:
+    Recorder* const former_;
 };
 
 // "[err 0x1818180a 2 KAAEboConfig parseEboDtdConfigs:12] <text>{<format>}"

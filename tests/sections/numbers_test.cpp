@@ -1,0 +1,369 @@
+// Numbers in texts, against sscanf() in the C locale: whatever it stores is what the record must hold.
+#include <clocale>
+#include <cstdio>
+#include <cstring>
+#include <random>
+
+#include "harness/comma_locale.h"
+#include "sections/reading.h"
+
+namespace {
+
+// The oracle's locale, whatever the process has set.
+class CLocale {
+public:
+    CLocale() : c_(newlocale(LC_ALL_MASK, "C", nullptr)), former_(uselocale(c_)) {}
+    ~CLocale() {
+        uselocale(former_);
+        freelocale(c_);
+    }
+    CLocale(const CLocale&) = delete;
+    CLocale& operator=(const CLocale&) = delete;
+
+private:
+    const locale_t c_;
+    const locale_t former_;
+};
+
+// Beyond 32 bits sscanf() has no defined answer: the nearest 32-bit value is asked for.
+int clamped(long long value) {
+    if (value > 2147483647LL) return 2147483647;
+    return value < -2147483648LL ? -2147483647 - 1 : static_cast<int>(value);
+}
+
+std::vector<float> floatsOf(const std::string& text, size_t count) {
+    const CLocale locale;
+    float f[10] = {};
+    sscanf(text.c_str(),
+           count == 3   ? "%f  %f  %f"
+           : count == 4 ? "%f  %f  %f  %f"
+                        : "%f  %f  %f  %f  %f  %f  %f  %f  %f  %f",
+           &f[0], &f[1], &f[2], &f[3], &f[4], &f[5], &f[6], &f[7], &f[8], &f[9]);
+    return {f, f + count};
+}
+
+std::vector<int16_t> pairOf(const std::string& text) {
+    const CLocale locale;
+    long long first = 0, second = 0;
+    const int found = sscanf(text.c_str(), "%lld  %lld", &first, &second);
+    const auto upper = static_cast<int16_t>(clamped(first) >> 16);
+    return {static_cast<int16_t>(clamped(first)), found == 2 ? static_cast<int16_t>(clamped(second)) : upper};
+}
+
+void scanBands(const std::string& text, int bands[8]) {
+    const CLocale locale;
+    long long b[8];
+    const int found = sscanf(text.c_str(), "%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld", &b[0], &b[1], &b[2],
+                             &b[3], &b[4], &b[5], &b[6], &b[7]);
+    for (int i = 0; i < found; ++i) bands[i] = clamped(b[i]);
+}
+
+// The whole value must agree, the sign of zero and of "not a number" included.
+template <class T, size_t N>
+void expectSame(const T (&row)[N], const std::vector<T>& want, const std::string& key,
+                const std::string& text) {
+    ASSERT_EQ(want.size(), N);
+    for (size_t i = 0; i < N; ++i)
+        EXPECT_EQ(memcmp(&row[i], &want[i], sizeof row[i]), 0)
+            << key << "[" << i << "]: " << row[i] << " instead of " << want[i] << " from "
+            << json(text).dump().substr(0, 200);
+}
+
+// Reads all rows of "aes" from these texts, in turn.
+void expectAesRows(const std::vector<std::string>& texts) {
+    for (size_t first = 0; first < texts.size(); first += 16) {
+        Reading aes("aes");
+        size_t next = first;
+        for (const Key& key : keysOf("aes"))
+            if (key.field.kind == Kind::Row) aes.keys[key.name] = texts[next++ % texts.size()];
+        aes.run();
+        ASSERT_FALSE(aes.failed);
+        const auto& record = aes.as<EboAesParam>();
+        const auto text = [&](const std::string& key) { return aes.keys[key].get<std::string>(); };
+        for (size_t row = 0; row < 5; ++row) {
+            const std::string number = "_" + std::to_string(row);
+            const std::string limit = "LimitRatio" + number, split = "ThdSplitFreq" + number,
+                              degree = "ThdSupDegree" + number, hard = "HardSplitFreq" + number;
+            if (row < 2) expectSame(record.LimitRatio[row], floatsOf(text(limit), 3), limit, text(limit));
+            if (row < 4) expectSame(record.ThdSplitFreq[row], pairOf(text(split)), split, text(split));
+            if (row < 4)
+                expectSame(record.ThdSupDegree[row], floatsOf(text(degree), 10), degree, text(degree));
+            expectSame(record.HardSplitFreq[row], pairOf(text(hard)), hard, text(hard));
+        }
+        expectSame(record.HardThreshold, floatsOf(text("HardThreshold"), 4), "HardThreshold",
+                   text("HardThreshold"));
+    }
+}
+
+void expectBands(const std::string& thresholds, const std::string& factors) {
+    Reading nlp("nlp");
+    nlp.keys["band_pass_thd"] = thresholds;
+    nlp.keys["super_est_factor"] = factors;
+    nlp.run();
+    ASSERT_FALSE(nlp.failed);
+    int bands[8] = {};
+    scanBands(thresholds, bands);
+    for (int i = 0; i < 8; ++i)
+        EXPECT_EQ(nlp.as<EboNlpParam>().bands[i].band_pass_thd, static_cast<int16_t>(bands[i])) << thresholds;
+    scanBands(factors, bands);
+    for (int i = 0; i < 8; ++i)
+        EXPECT_EQ(nlp.as<EboNlpParam>().bands[i].super_est_factor, static_cast<int16_t>(bands[i])) << factors;
+}
+
+void expectMap(const std::string& text) {
+    long long count = 0, n[16] = {};
+    {
+        const CLocale locale;
+        sscanf(text.c_str(),
+               "%lld chn;map:%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld,%lld",
+               &count, &n[0], &n[1], &n[2], &n[3], &n[4], &n[5], &n[6], &n[7], &n[8], &n[9], &n[10], &n[11],
+               &n[12], &n[13], &n[14], &n[15]);
+    }
+    if (count > 16) return;  // ends the process
+    Reading aec("aec");
+    aec.keys["mic_chn_map"] = text;
+    aec.run();
+    ASSERT_FALSE(aec.failed);
+    const int16_t* const map = aec.as<EboAecParam>().Array_list;
+    EXPECT_EQ(map != nullptr, count > 0) << text;
+    for (long long i = 0; map && i < count; ++i)
+        EXPECT_EQ(map[i], static_cast<int16_t>(clamped(n[i]))) << text;
+}
+
+// Each alone, and with good numbers before and after it.
+std::vector<std::string> oddRows() {
+    const std::vector<std::string> odd = {"",
+                                          " ",
+                                          "+",
+                                          "-",
+                                          "+-1",
+                                          "--1",
+                                          "++1",
+                                          "+ 1",
+                                          ".",
+                                          "-.",
+                                          "+.",
+                                          ".5",
+                                          "5.",
+                                          "-.5",
+                                          "+5.",
+                                          "..5",
+                                          "1.2.3",
+                                          "1..2",
+                                          "1e",
+                                          "1e+",
+                                          "1e-",
+                                          "1E",
+                                          "1e5",
+                                          "1e+5",
+                                          "1E-5",
+                                          "1e5.5",
+                                          "1e 5",
+                                          ".e5",
+                                          "e5",
+                                          "1.e2",
+                                          ".1e2",
+                                          "1ee5",
+                                          "1e5e5",
+                                          "1e38",
+                                          "3.4028235e38",
+                                          "3.4028236e38",
+                                          "3.5e38",
+                                          "1e39",
+                                          "-1e39",
+                                          "1e999999999999",
+                                          "1e-38",
+                                          "1e-45",
+                                          "7e-46",
+                                          "1e-46",
+                                          "-1e-999999999999",
+                                          "0e999999999999",
+                                          "-0",
+                                          "+0",
+                                          "-0.0",
+                                          "00012",
+                                          "1.17549435e-38",
+                                          "1.1754943e-38",
+                                          "0.1",
+                                          "0.3333333333333333333333333",
+                                          "16777217",
+                                          "8589973000",
+                                          "1.00000017881393432617187499",
+                                          "1.00000017881393432617187500",
+                                          "1.00000017881393432617187501",
+                                          "0x",
+                                          "0x1",
+                                          "0X1",
+                                          "0x1p3",
+                                          "0x1p+3",
+                                          "0x1P-3",
+                                          "0x1p",
+                                          "0x1p+",
+                                          "0x.8",
+                                          "0x1.8",
+                                          "0x.",
+                                          "0x.p1",
+                                          "0x1.fffffep127",
+                                          "0x1p128",
+                                          "0x1p-149",
+                                          "0x1p-150",
+                                          "0x1.8p-150",
+                                          "-0x1p1",
+                                          "+0x1p1",
+                                          "0xg",
+                                          "0xp1",
+                                          "0x1.0000010",
+                                          "0x1.00000100000001",
+                                          "0x1p99999999999",
+                                          "inf",
+                                          "INF",
+                                          "Inf",
+                                          "infinity",
+                                          "INFINITY",
+                                          "infinit",
+                                          "infi",
+                                          "in",
+                                          "i",
+                                          "-inf",
+                                          "+inf",
+                                          "inf5",
+                                          "infinityx",
+                                          "nan",
+                                          "NaN",
+                                          "-nan",
+                                          "+nan",
+                                          "na",
+                                          "n",
+                                          "nan(",
+                                          "nan()",
+                                          "nan(123)",
+                                          "nan(abc)",
+                                          "nan(0x1)",
+                                          "nan(a b)",
+                                          "nan5",
+                                          "1,2",
+                                          "1;2",
+                                          "1a2",
+                                          "1f",
+                                          "1l",
+                                          "0b1",
+                                          "1_000",
+                                          "1'000",
+                                          "\xc2\xa0"
+                                          "1",
+                                          "1\xc2\xa0",
+                                          "\xef\xbc\x91",
+                                          "\xe2\x88\x92"
+                                          "1",
+                                          "2147483647",
+                                          "2147483648",
+                                          "-2147483648",
+                                          "-2147483649",
+                                          "4294967296",
+                                          "9223372036854775807",
+                                          "9223372036854775808",
+                                          "-9223372036854775809",
+                                          "18446744073709551616",
+                                          "99999999999999999999999999",
+                                          "65535",
+                                          "65536",
+                                          "-65536",
+                                          "1\v2",
+                                          "1\f2",
+                                          "1\r2",
+                                          "1\b2",
+                                          "%d",
+                                          "%",
+                                          "\\",
+                                          "\"1\"",
+                                          "1 \t\n\v\f\r 2",
+                                          "1-2",
+                                          "1+2",
+                                          "1.5-2.5",
+                                          "1-",
+                                          "1e5-3",
+                                          std::string("1\0"
+                                                      "2",
+                                                      3),
+                                          std::string(5000, '9'),
+                                          "0." + std::string(5000, '0') + "1",
+                                          "1e" + std::string(5000, '0') + "2",
+                                          std::string(5000, ' ') + "7",
+                                          std::string(5000, '0') + "7"};
+    std::vector<std::string> rows;
+    for (const std::string& text : odd) {
+        rows.push_back(text);
+        rows.push_back("8 " + text + " 9");
+        rows.push_back("-7\t" + text);
+        rows.push_back(text + "  " + text + "\n" + text);
+        rows.push_back("4," + text + ",5");
+        rows.push_back(text + " ,6");
+    }
+    return rows;
+}
+
+// Texts that are nearly numbers, the same on every run.
+class Texts {
+public:
+    std::string next() {
+        static const char* const pieces[] = {"0",  "1",  "7", "9",  "12",  "65536",       ".",   "-", "+",
+                                             "e",  "E",  "x", "p",  "0x",  "inf",         "nan", " ", "  ",
+                                             "\t", "\n", ",", "e5", "e-9", "99999999999", "a",   "("};
+        std::string text;
+        for (size_t n = random_() % 12; n > 0; --n) text += pieces[random_() % std::size(pieces)];
+        return text;
+    }
+
+private:
+    std::mt19937 random_{20240229};
+};
+
+class RowNumbers : public testing::TestWithParam<bool> {
+protected:
+    RowNumbers() {
+        if (GetParam()) comma_.emplace();
+    }
+
+private:
+    std::optional<CommaLocale> comma_;
+};
+INSTANTIATE_TEST_SUITE_P(, RowNumbers, testing::Values(false, true),
+                         [](const auto& instance) { return instance.param ? "comma_locale" : "C_locale"; });
+
+TEST_P(RowNumbers, AreReadAsSscanfReadsOddTexts) {
+    const std::vector<std::string> rows = oddRows();
+    // Each text comes to each kind of row: the number of rows of a section is not a divisor of this step.
+    for (size_t turn = 0; turn < 16; ++turn) {
+        std::vector<std::string> turned(rows.begin() + static_cast<std::ptrdiff_t>(turn), rows.end());
+        expectAesRows(turned);
+    }
+    for (size_t i = 0; i < rows.size(); ++i) expectBands(rows[i], rows[rows.size() - 1 - i]);
+    for (const std::string& row : rows) {
+        expectMap(row);
+        expectMap("3 chn;map:" + row);
+        expectMap(row + " chn;map:1,2,3");
+    }
+}
+
+TEST_P(RowNumbers, AreReadAsSscanfReadsNearlyNumbers) {
+    Texts texts;
+    std::vector<std::string> rows(16 * 500);
+    for (std::string& row : rows) row = texts.next();
+    expectAesRows(rows);
+    for (int i = 0; i < 2000; ++i) {
+        expectBands(texts.next() + "," + texts.next(), texts.next() + ", " + texts.next());
+        expectMap("2 chn;map:" + texts.next() + "," + texts.next());
+        expectMap(texts.next() + "chn;map:" + texts.next());
+    }
+}
+
+TEST_P(RowNumbers, MayBeAMegabyteLong) {
+    const std::string megabyte(1 << 20, '1');
+    expectAesRows({megabyte, "0." + megabyte, megabyte + "." + megabyte, "1e-" + megabyte,
+                   "1 " + megabyte + " 2", std::string(1 << 20, '0') + "1", std::string(1 << 20, ' ') + "3",
+                   "-" + megabyte, "0." + std::string(1 << 20, '0') + "1e1048577", "0x" + megabyte});
+    expectBands(megabyte + ",2", "1,-" + megabyte + ",3");
+    expectMap("2 chn;map:" + megabyte + ",-" + megabyte);
+}
+
+}  // namespace
