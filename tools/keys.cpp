@@ -71,5 +71,6 @@ void addKeysCommand(CLI::App& app, ExitStatus& status) {
     markdown->excludes(dictionary, names, name);
     dictionary->excludes(names, name);
     names->excludes(name);
+    command->footer("Exit status: 0 printed, 2 no such section or key, or wrong usage.");
     command->callback([options, &status] { status = run(*options); });
 }

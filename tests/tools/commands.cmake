@@ -14,6 +14,6 @@ function(ebo_command_test name status)
   set_tests_properties(tool.${name} PROPERTIES WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}")
 endfunction()
 
-foreach(folder random catalogue diff explain export keys schema)
+foreach(folder random catalogue diff explain export keys schema shell)
   add_subdirectory("tests/tools/${folder}")
 endforeach()
