@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr uint32_t kTrees = 4000;
+constexpr uint32_t kTrees = 3000;
 
 class RoundTrip : public testing::Test {
 protected:
