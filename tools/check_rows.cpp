@@ -44,27 +44,29 @@ std::string commaList(const std::vector<std::string>& words) {
     return list;
 }
 
-// Stores the text and says what stands in the record then; of a map its first `count` channels.
-std::string storedNumbers(const EboKeyRow& row, const char* text, void* record, size_t count) {
-    std::vector<std::string> words;
-    if (row.kind == EboKeyKind::ChannelMap) {
-        EboAecParam aec = {};
-        row.take(row, text, &aec, __func__);
-        for (size_t i = 0; i < count; ++i) words.push_back(std::to_string(aec.Array_list[i]));
-        std::free(aec.Array_list);
-        return commaList(words);
-    }
+// Stores the text and says what stands in the record then.
+std::string storedNumbers(const EboKeyRow& row, const char* text, void* record) {
     row.take(row, text, record, __func__);
     const char* field = static_cast<const char*>(record) + row.offset;
     // The numbers of a list lie one to a band, those of a row side by side.
     const size_t stride = row.kind == EboKeyKind::IntList ? sizeof(EboNlpBand) / sizeof(int16_t) : 1;
-    for (size_t i = 0; i < count; ++i) {
+    std::vector<std::string> words;
+    for (size_t i = 0; i < row.count; ++i) {
         if (row.kind == EboKeyKind::FloatRow) {
             words.push_back(numberText(reinterpret_cast<const float*>(field)[i]));
         } else {
             words.push_back(std::to_string(reinterpret_cast<const int16_t*>(field)[i * stride]));
         }
     }
+    return commaList(words);
+}
+
+std::string storedChannels(const EboKeyRow& row, const char* text, size_t count) {
+    EboAecParam aec = {};
+    row.take(row, text, &aec, __func__);
+    std::vector<std::string> words;
+    for (size_t i = 0; i < count; ++i) words.push_back(std::to_string(aec.Array_list[i]));
+    std::free(aec.Array_list);
     return commaList(words);
 }
 
@@ -154,7 +156,7 @@ std::vector<RowFinding> checkMap(const EboKeyRow& row, const char* text) {
     }
 
     const auto wanted = static_cast<size_t>(channels);
-    const std::string stored = storedNumbers(row, text, nullptr, wanted);
+    const std::string stored = storedChannels(row, text, wanted);
     if (!marked) {
         return {{&kBadSeparator, key + " lacks \"chn;map:\" behind the number of channels",
                  "goes on, and stores " + stored, kExample}};
@@ -173,7 +175,7 @@ std::vector<RowFinding> checkRow(const EboKeyRow& row, const char* text, void* r
     EboScanner scanner(text);
     const std::vector<Number> numbers = scanNumbers(row, scanner);
     scanner.skipBlanks();
-    const std::string stored = storedNumbers(row, text, record, row.count);
+    const std::string stored = storedNumbers(row, text, record);
     std::vector<RowFinding> findings;
     const std::string_view last = numbers.empty() ? std::string_view() : numbers.back().written;
     judgeCount(row, numbers.size(), last, scanner.at(), row.count, stored, findings);
