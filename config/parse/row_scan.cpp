@@ -1,5 +1,6 @@
 #include "row_scan.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <limits>
@@ -19,9 +20,9 @@ bool isHexDigit(char c) {
     return isDigit(c) || (lower(c) >= 'a' && lower(c) <= 'f');
 }
 
-bool startsWith(const char* at, const char* end, const char* word) {
+bool startsWith(const char* at, const char* word) {
     for (; *word != '\0'; ++at, ++word) {
-        if (at == end || lower(*at) != *word) return false;
+        if (lower(*at) != *word) return false;
     }
     return true;
 }
@@ -64,11 +65,11 @@ float nearest(const char* first, const char* last, bool hex) {
 // The end of the number at `at`, behind its "0x" if it has one, as far as the C library's scanner takes it:
 // an exponent counts as part of the number even without digits, and "0x." is the number 0. Null when there is
 // none.
-const char* endOfNumber(const char* at, const char* end, bool hex) {
+const char* endOfNumber(const char* at, bool hex) {
     const char* const first = at;
     bool digits = false;
     bool point = false;
-    for (; at != end; ++at) {
+    for (;; ++at) {
         if (hex ? isHexDigit(*at) : isDigit(*at)) {
             digits = true;
         } else if (*at == '.' && !point) {
@@ -78,70 +79,99 @@ const char* endOfNumber(const char* at, const char* end, bool hex) {
         }
     }
     if (hex ? at == first : !digits) return nullptr;
-    if (digits && at != end && lower(*at) == (hex ? 'p' : 'e')) {
+    if (digits && lower(*at) == (hex ? 'p' : 'e')) {
         ++at;
-        if (at != end && (*at == '+' || *at == '-')) ++at;
-        while (at != end && isDigit(*at)) ++at;
+        if (*at == '+' || *at == '-') ++at;
+        while (isDigit(*at)) ++at;
     }
     return at;
 }
 
+// Reads digits behind those that *value holds already. Where they end.
+const char* takeDigits(const char* at, uint32_t* value) {
+    for (; isDigit(*at); ++at) *value = *value * 10 + static_cast<uint32_t>(*at - '0');
+    return at;
+}
+
+// What most numbers are: up to seven digits, perhaps a point, no exponent. Digits and power of ten are exact
+// floats, so their quotient is the nearest float. The number's end; null when it is not of that kind.
+const char* shortDecimal(const char* at, float* out) {
+    constexpr float kPowers[] = {1.0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
+    uint32_t value = 0;
+    const char* end = takeDigits(at, &value);
+    ptrdiff_t digits = end - at;
+    ptrdiff_t decimals = 0;
+    if (*end == '.') {
+        const char* const fraction = end + 1;
+        end = takeDigits(fraction, &value);
+        decimals = end - fraction;
+        digits += decimals;
+    }
+    if (digits == 0 || digits > 7 || lower(*end) == 'e' || lower(*end) == 'x') return nullptr;
+    *out = static_cast<float>(value) / kPowers[decimals];
+    return end;
+}
+
+// The integer at `at` when it has more digits than 32 bits are sure to hold: the nearest that they do hold.
+uint32_t nearestInteger(const char* at, bool negative) {
+    constexpr uint32_t kMax = std::numeric_limits<int32_t>::max();
+    uint64_t value = 0;
+    for (; isDigit(*at) && value <= kMax; ++at) value = value * 10 + static_cast<uint64_t>(*at - '0');
+    return static_cast<uint32_t>(std::min<uint64_t>(value, negative ? kMax + 1 : kMax));
+}
+
+// Any other number without its sign, "inf" and "nan". Its end; null when there is none.
+const char* anyNumber(const char* at, float* out) {
+    if (startsWith(at, "nan")) {
+        *out = std::numeric_limits<float>::quiet_NaN();
+        return at + 3;
+    }
+    if (startsWith(at, "inf")) {
+        *out = std::numeric_limits<float>::infinity();
+        if (lower(at[3]) != 'i') return at + 3;
+        return startsWith(at, "infinity") ? at + 8 : nullptr;
+    }
+    const bool hex = startsWith(at, "0x");
+    if (hex) at += 2;
+    const char* const end = endOfNumber(at, hex);
+    if (end != nullptr) *out = nearest(at, end, hex);
+    return end;
+}
+
 }  // namespace
 
-EboScanner::EboScanner(const char* text) : at_(text), end_(text + std::strlen(text)) {}
-
 void EboScanner::skipBlanks() {
-    while (at_ != end_ && isBlank(*at_)) ++at_;
+    while (isBlank(*at_)) ++at_;
 }
 
 bool EboScanner::literal(const char* word) {
     const size_t length = std::strlen(word);
-    if (static_cast<size_t>(end_ - at_) < length || std::memcmp(at_, word, length) != 0) return false;
+    if (std::strncmp(at_, word, length) != 0) return false;
     at_ += length;
     return true;
 }
 
 bool EboScanner::integer(int32_t* out) {
     skipBlanks();
-    const char* first = at_;
-    if (first != end_ && *first == '+') ++first;
-    if (first != at_ && first != end_ && *first == '-') return false;
-    int32_t value = 0;
-    const auto [last, error] = std::from_chars(first, end_, value);
-    if (error == std::errc::invalid_argument) return false;
-    if (error == std::errc::result_out_of_range) {
-        value = *first == '-' ? std::numeric_limits<int32_t>::min() : std::numeric_limits<int32_t>::max();
-    }
+    const bool negative = *at_ == '-';
+    const char* const first = negative || *at_ == '+' ? at_ + 1 : at_;
+    uint32_t value = 0;
+    const char* last = takeDigits(first, &value);
+    if (last == first) return false;
+    if (last - first > 9) value = nearestInteger(first, negative);
     at_ = last;
-    *out = value;
+    *out = static_cast<int32_t>(negative ? 0 - value : value);
     return true;
 }
 
 bool EboScanner::real(float* out) {
     skipBlanks();
-    const char* first = at_;
-    const bool negative = first != end_ && *first == '-';
-    if (first != end_ && (*first == '-' || *first == '+')) ++first;
-
+    const bool negative = *at_ == '-';
+    const char* const first = negative || *at_ == '+' ? at_ + 1 : at_;
     float value = 0.0F;
-    const char* last = nullptr;
-    if (startsWith(first, end_, "nan")) {
-        value = std::numeric_limits<float>::quiet_NaN();
-        last = first + 3;
-    } else if (startsWith(first, end_, "inf")) {
-        value = std::numeric_limits<float>::infinity();
-        last = first + 3;
-        if (startsWith(last, end_, "i")) {
-            if (!startsWith(last, end_, "inity")) return false;
-            last += 5;
-        }
-    } else {
-        const bool hex = startsWith(first, end_, "0x");
-        if (hex) first += 2;
-        last = endOfNumber(first, end_, hex);
-        if (last == nullptr) return false;
-        value = nearest(first, last, hex);
-    }
+    const char* last = shortDecimal(first, &value);
+    if (last == nullptr) last = anyNumber(first, &value);
+    if (last == nullptr) return false;
     at_ = last;
     *out = negative ? -value : value;
     return true;

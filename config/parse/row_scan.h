@@ -9,7 +9,7 @@
 // returns false, stores nothing, and scanning is over.
 class EboScanner {
 public:
-    explicit EboScanner(const char* text);
+    explicit EboScanner(const char* text) : at_(text) {}
 
     // "%d": blanks, sign, digits. Beyond 32 bits: the nearest 32-bit value.
     bool integer(int32_t* out);
@@ -24,7 +24,6 @@ public:
 
 private:
     const char* at_;
-    const char* end_;
 };
 
 // "%d,%d ...": up to `count` integers with a comma directly behind each. Those that the text does not supply
