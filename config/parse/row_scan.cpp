@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 #include <limits>
 
 namespace {
@@ -96,7 +95,7 @@ const char* takeDigits(const char* at, uint32_t* value) {
 // What most numbers are: up to seven digits, perhaps a point, no exponent. Digits and power of ten are exact
 // floats, so their quotient is the nearest float. The number's end; null when it is not of that kind.
 const char* shortDecimal(const char* at, float* out) {
-    constexpr float kPowers[] = {1.0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
+    static constexpr float kPowers[] = {1.0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
     uint32_t value = 0;
     const char* end = takeDigits(at, &value);
     ptrdiff_t digits = end - at;
@@ -107,13 +106,13 @@ const char* shortDecimal(const char* at, float* out) {
         decimals = end - fraction;
         digits += decimals;
     }
-    if (digits == 0 || digits > 7 || lower(*end) == 'e' || lower(*end) == 'x') return nullptr;
+    if (digits == 0 || digits > 7 || (*end | 0x20) == 'e' || (*end | 0x20) == 'x') return nullptr;
     *out = static_cast<float>(value) / kPowers[decimals];
     return end;
 }
 
 // The integer at `at` when it has more digits than 32 bits are sure to hold: the nearest that they do hold.
-uint32_t nearestInteger(const char* at, bool negative) {
+[[gnu::noinline]] uint32_t nearestInteger(const char* at, bool negative) {
     constexpr uint32_t kMax = std::numeric_limits<int32_t>::max();
     uint64_t value = 0;
     for (; isDigit(*at) && value <= kMax; ++at) value = value * 10 + static_cast<uint64_t>(*at - '0');
@@ -121,7 +120,7 @@ uint32_t nearestInteger(const char* at, bool negative) {
 }
 
 // Any other number without its sign, "inf" and "nan". Its end; null when there is none.
-const char* anyNumber(const char* at, float* out) {
+[[gnu::noinline]] const char* anyNumber(const char* at, float* out) {
     if (startsWith(at, "nan")) {
         *out = std::numeric_limits<float>::quiet_NaN();
         return at + 3;
@@ -141,13 +140,17 @@ const char* anyNumber(const char* at, float* out) {
 }  // namespace
 
 void EboScanner::skipBlanks() {
-    while (isBlank(*at_)) ++at_;
+    const char* at = at_;
+    while (isBlank(*at)) ++at;
+    at_ = at;
 }
 
 bool EboScanner::literal(const char* word) {
-    const size_t length = std::strlen(word);
-    if (std::strncmp(at_, word, length) != 0) return false;
-    at_ += length;
+    const char* at = at_;
+    for (; *word != '\0'; ++at, ++word) {
+        if (*at != *word) return false;
+    }
+    at_ = at;
     return true;
 }
 

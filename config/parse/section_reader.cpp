@@ -95,8 +95,9 @@ EboStatus eboReadStatus(const EboReading& reading, int32_t bit, int* model_en) {
 }
 
 bool eboReadKeys(const EboReading& reading, void* record) {
-    for (uint16_t i = 1; i < reading.section.rowCount; ++i) {
-        if (!readKey(reading, reading.section.rows[i], record)) return false;
+    const EboKeyRow* const end = reading.section.rows + reading.section.rowCount;
+    for (const EboKeyRow* row = reading.section.rows + 1; row < end; ++row) {
+        if (!readKey(reading, *row, record)) return false;
     }
     return true;
 }
