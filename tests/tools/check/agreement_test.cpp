@@ -3,6 +3,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <cstdlib>
 #include <map>
 #include <set>
 
@@ -44,10 +45,14 @@ bool agrees(const std::string& part, const std::string& path, CheckReport* repor
     return !testing::Test::HasFailure();
 }
 
-TEST(Agreement, HoldsForTheExamplesAndTheFaultyFiles) {
+// EBO_AGREEMENT_FOLDER names a folder of further files, such as a fuzzer's corpus.
+TEST(Agreement, HoldsForTheExamplesTheFaultyFilesAndWhatFuzzersFound) {
     std::vector<std::string> files = filesIn(EBO_TUNINGS_DIR, ".json");
-    for (const std::string& file : filesIn(EBO_TEST_DATA_DIR "/check", ".json")) files.push_back(file);
-    for (const std::string& file : filesIn(EBO_TEST_DATA_DIR "/check", ".json")) files.push_back(file);
+    std::vector<std::string> folders = {EBO_TEST_DATA_DIR "/check", EBO_FUZZ_DOCUMENTS_DIR};
+    if (const char* folder = std::getenv("EBO_AGREEMENT_FOLDER")) folders.emplace_back(folder);
+    for (const std::string& folder : folders) {
+        for (const std::string& file : filesIn(folder, "")) files.push_back(file);
+    }
     for (const std::string& file : files) {
         for (const std::string& part : checkParts()) {
             CheckReport report;

@@ -78,10 +78,11 @@ Loading loadPart(const std::string& part, const std::string& path, bool expectAb
     return expectAbort ? loadInChild(part, path) : loadHere(part, path);
 }
 
-std::vector<std::string> filesIn(const std::string& folder, const std::string& ending) {
+std::vector<std::string> filesIn(const std::string& folder, const std::string& extension) {
     std::vector<std::string> files;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-        if (entry.path().extension() == ending) files.push_back(entry.path().string());
+        const bool wanted = extension.empty() || entry.path().extension() == extension;
+        if (entry.is_regular_file() && wanted) files.push_back(entry.path().string());
     }
     std::sort(files.begin(), files.end());
     return files;

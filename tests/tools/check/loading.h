@@ -29,6 +29,6 @@ struct Loading {
 // `part` as for the check. A load that is expected to abort runs in a process of its own.
 Loading loadPart(const std::string& part, const std::string& path, bool expectAbort);
 
-// The files of a folder and its folders that end in `ending`, in order.
-std::vector<std::string> filesIn(const std::string& folder, const std::string& ending);
+// The files of a folder and its folders with this extension, or all with none, in order.
+std::vector<std::string> filesIn(const std::string& folder, const std::string& extension);
 std::string readText(const std::string& path);
