@@ -8,6 +8,7 @@
 #include <random>
 
 #include "model/edits.h"
+#include "model/expected_leaks.h"
 #include "model/memory_file.h"
 #include "model/observation.h"
 #include "model/row_check.h"
@@ -47,6 +48,7 @@ void expectAsModelled(const std::string& text, Totals& totals) {
         ASSERT_EQ(expected.aborts, readsAec(loader) && wouldAbort(file.path())) << text;
         ++(expected.aborts ? totals.aborting : expected.result ? totals.loaded : totals.failed);
         if (expected.aborts) continue;
+        const ExpectedLeaks leaks(expected.leaks);
         const Observation observed = observe(loader, file.path(), expected.channels);
         ASSERT_EQ(differences(loader, expected, observed), "") << text;
     }
@@ -104,6 +106,11 @@ TEST(Model, AgreesOverBrokenText) {
     EXPECT_GT(totals.failed, 50);
 }
 
+void load(Loader loader, const char* path) {
+    if (loader == Loader::Full) parseEboConfigs(path);
+    if (loader == Loader::Aec) parseEboAecConfigs(path);
+}
+
 // What the model takes for an abort is one.
 TEST(ModelDeathTest, MapsOfTooManyChannelsEndTheProcess) {
     RandomChooser chooser(17);
@@ -119,9 +126,8 @@ TEST(ModelDeathTest, MapsOfTooManyChannelsEndTheProcess) {
             if (!expected.aborts) continue;
             ++aborting;
             const MemoryFile file(text);
-            EXPECT_EXIT(loader == Loader::Full ? static_cast<void*>(parseEboConfigs(file.path()))
-                                               : static_cast<void*>(parseEboAecConfigs(file.path())),
-                        testing::KilledBySignal(SIGABRT), "Assertion chns <= 16 failed at parseEboAecConfigs")
+            EXPECT_EXIT(load(loader, file.path()), testing::KilledBySignal(SIGABRT),
+                        "Assertion chns <= 16 failed at parseEboAecConfigs")
                 << text;
         }
     }
