@@ -13,6 +13,15 @@
 
 class KAJsonTable;
 struct KaJsonEntry;
+enum class KaJsonKind : uint8_t;
+
+// The default framework's own: entries of a document side by side, and how to look them up.
+struct KaJsonSiblings {
+    const KaJsonEntry* begin = nullptr;
+    const KaJsonEntry* end = nullptr;
+    const KaJsonEntry* next = nullptr;  // behind the last one found: names mostly come in file order
+    bool repeat = false;                // two of them may have the same name; `next` stays at `end` then
+};
 
 // The keys and values of one section. Made empty on its user's stack, filled by KAJsonParser::getOptions.
 // This framework's is a view into the parser, without memory of its own: it ends with the parser.
@@ -35,13 +44,10 @@ public:
 
 private:
     friend class KAJsonParser;
-    const KaJsonEntry* find(const char* key) const;
+    const KaJsonEntry* find(const char* key, KaJsonKind kind) const;
 
     const char* text_ = nullptr;
-    const KaJsonEntry* begin_ = nullptr;
-    const KaJsonEntry* end_ = nullptr;
-    mutable const KaJsonEntry* next_ = nullptr;  // behind the last one found: keys mostly come in file order
-    bool repeats_ = false;                       // whether two keys may be equal
+    mutable KaJsonSiblings keys_;
 };
 
 // One tuning file: a JSON object of named roots, each an object of named sections, each an object of keys.
@@ -67,10 +73,12 @@ private:
     void close();
     void report(const char* path) const;
 
-    char* text_ = nullptr;            // the file, strings decoded in place
-    KaJsonEntry* entries_ = nullptr;  // roots, sections and keys
-    uint32_t count_ = 0;              // of entries
-    const char* error_ = nullptr;     // why parseFile failed
+    char* text_ = nullptr;               // the file, strings decoded in place
+    KaJsonEntry* entries_ = nullptr;     // roots, sections and keys
+    uint32_t count_ = 0;                 // of entries
+    const KaJsonEntry* root_ = nullptr;  // the one that was asked for last, and its sections
+    KaJsonSiblings sections_;
+    const char* error_ = nullptr;  // why parseFile failed
     int error_errno_ = 0;
     uint32_t error_line_ = 0;
     uint32_t error_column_ = 0;

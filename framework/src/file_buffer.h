@@ -6,8 +6,8 @@
 
 constexpr size_t kMaxFileSize = size_t{64} << 20;
 
-// Zero bytes behind the text: the JSON reader looks ahead by up to a word or a UTF-8 sequence.
-constexpr size_t kFilePadding = 8;
+// Zero bytes behind the text: the JSON reader looks ahead by up to a vector register.
+constexpr size_t kFilePadding = 16;
 
 struct FileBuffer {
     int fd = -1;

@@ -3,18 +3,16 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "plain_text.h"
 #include "table_builder.h"
+#include "text_stream.h"
 
 namespace rj = ka_rapidjson;
 
 namespace {
 
-using Stream = rj::InsituStringStream;
-using Reader = rj::GenericReader<PlainUtf8, PlainUtf8, BracketStack>;
+using Reader = rj::GenericReader<ValidUtf8, ValidUtf8, BracketStack>;
 
-constexpr unsigned kRecursive =
-    rj::kParseInsituFlag | rj::kParseValidateEncodingFlag | rj::kParseNumbersAsStringsFlag;
+constexpr unsigned kRecursive = rj::kParseInsituFlag | rj::kParseNumbersAsStringsFlag;
 constexpr unsigned kIterative = kRecursive | rj::kParseIterativeFlag;
 
 // Brackets open at once up to which the reader may recurse; tuning files have 3. That takes a sixth fewer
@@ -23,15 +21,29 @@ constexpr uint32_t kRecursionDepth = 8;
 
 }  // namespace
 
+// Goes past the plain characters of a string, and moves them up to what was decoded before them.
+template <>
+template <>
+inline void Reader::ScanCopyUnescapedString(TextStream& stream, TextStream&) {
+    char* const end = plain_text::skipPlain(stream.src_);
+    const size_t length = static_cast<size_t>(end - stream.src_);
+    if (stream.src_ != stream.dst_) {
+        stream.document_->decoded = true;
+        memmove(stream.dst_, stream.src_, length);
+    }
+    stream.src_ = end;
+    stream.dst_ += length;
+}
+
 // Keys and scalars are read alike in both ways; the program need not hold that code twice.
 template <>
 template <>
-inline void Reader::ParseString<kIterative>(Stream& stream, TableBuilder& builder, bool is_key) {
+inline void Reader::ParseString<kIterative>(TextStream& stream, TableBuilder& builder, bool is_key) {
     ParseString<kRecursive>(stream, builder, is_key);
 }
 template <>
 template <>
-inline void Reader::ParseValue<kIterative>(Stream& stream, TableBuilder& builder) {
+inline void Reader::ParseValue<kIterative>(TextStream& stream, TableBuilder& builder) {
     ParseValue<kRecursive>(stream, builder);
 }
 
@@ -69,12 +81,14 @@ const char* reasonOf(rj::ParseErrorCode code, const char* text, bool at_end) {
 // Reads the text in one of the reader's two ways. Sets *too_deep when it has to be the other.
 template <unsigned flags>
 bool readText(FileBuffer* file, uint32_t max_depth, JsonLoad* load, bool* too_deep) {
-    Stream stream(file->text);
+    TextDocument document{file->text};
+    TextStream stream(&document);
     BracketStack brackets;
     constexpr bool kBracketTaken = flags == kRecursive;
     TableBuilder builder(stream, brackets, max_depth, kBracketTaken, load);
     Reader reader(&brackets, BracketStack::kInitialSize);
     const rj::ParseResult result = reader.Parse<flags>(stream, builder);
+    builder.finish();
     *too_deep = builder.tooDeep();
     if (*too_deep) return false;
     if (builder.outOfMemory()) {

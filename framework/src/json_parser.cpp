@@ -4,26 +4,13 @@
 #include "file_buffer.h"
 #include "json_entry.h"
 #include "json_load.h"
-#include "repeated_keys.h"
+#include "siblings.h"
 
 namespace {
 
 constexpr unsigned kChannel = 0;
 constexpr int kErrorLevel = 2;
 constexpr char kTag[] = "KAJsonParser";
-
-// The last of the entries from `index` up to `end`, all children of one object, that has this name.
-const KaJsonEntry* findLast(const char* text, const KaJsonEntry* entries, uint32_t index, uint32_t end,
-                            const char* name) {
-    const size_t length = strlen(name);
-    const KaJsonEntry* found = nullptr;
-    while (index < end) {
-        const KaJsonEntry& entry = entries[index];
-        if (entry.isCalled(name, length, text)) found = &entry;
-        index = entry.kind() == KaJsonKind::kObject ? entry.extent() : index + 1;
-    }
-    return found;
-}
 
 }  // namespace
 
@@ -37,6 +24,7 @@ void KAJsonParser::close() {
     entries_ = nullptr;
     text_ = nullptr;
     count_ = 0;
+    root_ = nullptr;
 }
 
 void KAJsonParser::report(const char* path) const {
@@ -80,17 +68,22 @@ int KAJsonParser::parseFile(const char* path) {
 int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* out) {
     if (!out) return 0;
     out->text_ = text_;
-    out->begin_ = out->end_ = out->next_ = nullptr;
-    out->repeats_ = false;
+    out->keys_ = {};
     if (!root || !section) return 0;
 
-    const KaJsonEntry* const parent = findLast(text_, entries_, 0, count_, root);
-    if (!parent || parent->kind() != KaJsonKind::kObject) return 0;
-    const uint32_t first = static_cast<uint32_t>(parent - entries_) + 1;
-    const KaJsonEntry* const found = findLast(text_, entries_, first, parent->extent(), section);
+    // Loaders ask for many sections of one root.
+    if (!root_ || !root_->isCalled(root, text_)) {
+        const KaJsonEntry* const end = entries_ + count_;
+        KaJsonSiblings roots = {entries_, end, end, true};
+        root_ = findAnywhere(&roots, root, text_);
+        if (!root_ || root_->kind() != KaJsonKind::kObject) {
+            root_ = nullptr;
+            return 0;
+        }
+        sections_ = sectionsOf(*root_, text_);
+    }
+    const KaJsonEntry* const found = findSibling(&sections_, section, text_);
     if (!found || found->kind() != KaJsonKind::kObject) return 0;
-    out->begin_ = out->next_ = found + 1;
-    out->end_ = entries_ + found->extent();
-    out->repeats_ = mayRepeatKeys(text_, out->begin_, out->end_);
+    out->keys_ = keysOf(*found, text_);
     return 1;
 }

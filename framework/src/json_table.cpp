@@ -5,7 +5,7 @@
 bool KAJsonTable::next(KaJsonItem* item) {
     if (index_ == parser_.count_) return false;
     const KaJsonEntry& entry = parser_.entries_[index_];
-    const uint32_t end = entry.kind() == KaJsonKind::kObject ? entry.extent() : index_ + 1;
+    const uint32_t end = static_cast<uint32_t>(entry.sibling() - parser_.entries_);
     if (index_ >= root_end_) {
         item->level = 1;
         root_end_ = end;

@@ -1,3 +1,4 @@
+#include <dlfcn.h>
 #include <link.h>
 
 #include <cstdlib>
@@ -18,18 +19,29 @@ int holdsAddress(dl_phdr_info* info, size_t, void* address) {
     return 0;
 }
 
+bool isStatic(void* address) {
+#ifdef DLFO_STRUCT_HAS_EH_DBASE  // newer C libraries
+    // Quick where it says no, which is nearly always; the gaps within an image are the walk's to tell.
+    dl_find_object image;
+    if (_dl_find_object(address, &image) != 0) return false;
+#endif
+    return dl_iterate_phdr(holdsAddress, address) != 0;
+}
+
 }  // namespace
 
+// Kept out of line, or the compiler makes a calloc of the pair in ka_mem_malloc.
+[[gnu::noinline]] void* ka_memset(void* memory, int value, size_t size) {
+    return memory ? memset(memory, value, size) : nullptr;
+}
+
 void* ka_mem_malloc(size_t size, const char*) {
-    return calloc(1, size);
+    // Not calloc, which goes past the C library's quick lists of small blocks.
+    return ka_memset(malloc(size), 0, size);
 }
 
 void ka_mem_safe_free(void** pointer, const char*) {
     if (!pointer || !*pointer) return;
-    if (dl_iterate_phdr(holdsAddress, *pointer) == 0) free(*pointer);
+    if (!isStatic(*pointer)) free(*pointer);
     *pointer = nullptr;
-}
-
-void* ka_memset(void* memory, int value, size_t size) {
-    return memory ? memset(memory, value, size) : nullptr;
 }

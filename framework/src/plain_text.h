@@ -1,21 +1,62 @@
-// What the reader does with most bytes of a text, a word at a time: skipping blanks between tokens and plain
-// characters in strings.
+// What the reader does with most bytes of a text: skipping plain characters in strings and blanks between tokens.
+// A text ends in a NUL, which is neither, and may be read up to kFilePadding bytes beyond it.
 #pragma once
 
 #include <cstddef>
 #include <cstring>
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 #include "file_buffer.h"
-#include "rapidjson_reader.h"
 
 namespace plain_text {
 
-using Stream = ka_rapidjson::InsituStringStream;
+#ifdef __SSE2__
+
+static_assert(sizeof(__m128i) <= kFilePadding);
+
+inline __m128i load(const char* text) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
+}
+inline __m128i equal(__m128i bytes, char c) {
+    return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c));
+}
+inline unsigned maskOf(__m128i bytes) {
+    return static_cast<unsigned>(_mm_movemask_epi8(bytes));
+}
+
+// The first byte from `text` on that is not plain: quote, backslash, control character or beyond ASCII.
+inline char* skipPlain(char* text) {
+    for (;; text += sizeof(__m128i)) {
+        const __m128i bytes = load(text);
+        // Bytes beyond ASCII are negative.
+        const __m128i below_blank = _mm_cmplt_epi8(bytes, _mm_set1_epi8(' '));
+        const __m128i special = _mm_or_si128(equal(bytes, '"'), equal(bytes, '\\'));
+        const unsigned found = maskOf(_mm_or_si128(below_blank, special));
+        if (found != 0) return text + __builtin_ctz(found);
+    }
+}
+
+// The first byte from `text` on that is no blank. Most blanks are a line break and the spaces behind it.
+inline char* skipBlanks(char* text) {
+    for (;;) {
+        const char c = *text;
+        if (static_cast<unsigned char>(c) > ' ') return text;
+        if (c != '\n' && c != ' ' && c != '\r' && c != '\t') return text;
+        ++text;
+        text += __builtin_ctz(~maskOf(equal(load(text), ' ')));
+    }
+}
+
+#else
+
+// The same, a word at a time.
 
 constexpr size_t kOnes = ~size_t{0} / 0xFF;  // times a byte: that byte all over a word
 constexpr bool kLittleEndian = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
 
-// Up to here the reader looks ahead, in steps of a word.
 static_assert(sizeof(size_t) <= kFilePadding);
 
 inline size_t load(const char* text) {
@@ -29,10 +70,6 @@ inline size_t zeroBytesBefore(size_t word) {
     return static_cast<size_t>(kLittleEndian ? __builtin_ctzl(word) : __builtin_clzl(word)) / 8;
 }
 
-inline bool isPlain(char c) {
-    return c >= ' ' && c != '"' && c != '\\' && static_cast<unsigned char>(c) < 0x80;
-}
-
 // Zero when all bytes of a word are plain, otherwise the high bits of those that are not, and perhaps of more
 // significant ones: a borrow of one byte reaches into the next.
 inline size_t special(size_t word) {
@@ -42,7 +79,10 @@ inline size_t special(size_t word) {
     return (word | below_blank | quote | backslash) & kOnes * 0x80;
 }
 
-// The first byte from `text` on that is not plain. A NUL is not.
+inline bool isPlain(char c) {
+    return c >= ' ' && c != '"' && c != '\\' && static_cast<unsigned char>(c) < 0x80;
+}
+
 inline char* skipPlain(char* text) {
     size_t found;
     while ((found = special(load(text))) == 0) text += sizeof found;
@@ -51,7 +91,6 @@ inline char* skipPlain(char* text) {
     return text;
 }
 
-// As skipPlain, for blanks. Line breaks are followed by an indentation of spaces.
 inline char* skipBlanks(char* text) {
     while (*text == ' ' || *text == '\n' || *text == '\r' || *text == '\t') {
         ++text;
@@ -61,24 +100,6 @@ inline char* skipBlanks(char* text) {
     return text;
 }
 
+#endif
+
 }  // namespace plain_text
-
-template <>
-inline void ka_rapidjson::SkipWhitespace(plain_text::Stream& stream) {
-    if (static_cast<unsigned char>(*stream.src_) <= ' ') stream.src_ = plain_text::skipBlanks(stream.src_);
-}
-
-// The reader's encoding: validated UTF-8, quick over plain characters.
-struct PlainUtf8 : ka_rapidjson::UTF8<> {
-    using ka_rapidjson::UTF8<>::Validate;
-
-    // Called at a character of a string that is no quote, backslash or control character; must go past it.
-    static bool Validate(plain_text::Stream& stream, plain_text::Stream& same) {
-        // Behind an escape the text has to move, character by character.
-        if (stream.src_ != stream.dst_ || !plain_text::isPlain(*stream.src_)) {
-            return UTF8<>::Validate(stream, same);
-        }
-        stream.src_ = stream.dst_ = plain_text::skipPlain(stream.src_);
-        return true;
-    }
-};

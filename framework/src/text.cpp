@@ -11,6 +11,7 @@ int lower(char c) {
 
 int util_strcasecmp(const char* a, const char* b) {
     if (!a || !b) return (a != nullptr) - (b != nullptr);
+    for (; *a == *b && *a != '\0'; ++a) ++b;
     while (*a != '\0' && lower(*a) == lower(*b)) {
         ++a;
         ++b;

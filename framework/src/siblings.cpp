@@ -1,0 +1,53 @@
+#include "siblings.h"
+
+namespace {
+
+constexpr uint32_t kMarks = 512;
+
+// Equal for equal names, and different for the keys that stand together in a section of a tuning file.
+uint32_t markOf(const KaJsonEntry& entry, const char* text) {
+    if (entry.name_length < 2) return 0;
+    uint32_t end;  // the last three letters, or two and the opening quote, and the final NUL
+    memcpy(&end, text + entry.name + entry.name_length - 3, sizeof end);
+    const auto first = static_cast<unsigned char>(text[entry.name]);
+    return (end ^ entry.name_length << 26 ^ first) * 0xC2B2AE35u >> 23;
+}
+
+// Whether two of the names may be equal. Different names may share a mark; then the search is only slower.
+template <bool kNested>
+bool mayRepeat(const KaJsonEntry* begin, const KaJsonEntry* end, const char* text) {
+    uint32_t seen[kMarks / 32] = {};
+    for (const KaJsonEntry* entry = begin; entry != end; entry += kNested ? entry->size() : 1) {
+        const uint32_t mark = markOf(*entry, text);
+        if ((seen[mark / 32] >> mark % 32 & 1) != 0) return true;
+        seen[mark / 32] |= uint32_t{1} << mark % 32;
+    }
+    return false;
+}
+
+template <bool kNested>
+KaJsonSiblings siblings(const KaJsonEntry& parent, const char* text) {
+    const KaJsonEntry* const begin = &parent + 1;
+    const KaJsonEntry* const end = parent.sibling();
+    const bool repeat = mayRepeat<kNested>(begin, end, text);
+    return {begin, end, repeat ? end : begin, repeat};
+}
+
+}  // namespace
+
+KaJsonSiblings sectionsOf(const KaJsonEntry& root, const char* text) {
+    return siblings<true>(root, text);
+}
+
+KaJsonSiblings keysOf(const KaJsonEntry& section, const char* text) {
+    return siblings<false>(section, text);
+}
+
+const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text) {
+    const KaJsonEntry* found = nullptr;
+    for (const KaJsonEntry* entry = siblings->begin; entry != siblings->end; entry = entry->sibling()) {
+        if (entry->isCalled(name, text)) found = entry;
+    }
+    if (found && !siblings->repeat) siblings->next = found->sibling();
+    return found;
+}
