@@ -72,6 +72,7 @@ private:
     friend class KAJsonTable;
     void close();
     void report(const char* path) const;
+    const KaJsonEntry* findSection(const char* root, const char* section);
 
     char* text_ = nullptr;               // the file, strings decoded in place
     KaJsonEntry* entries_ = nullptr;     // roots, sections and keys

@@ -68,8 +68,13 @@ int KAJsonParser::parseFile(const char* path) {
 int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* out) {
     if (!out) return 0;
     out->text_ = text_;
-    out->keys_ = {};
-    if (!root || !section) return 0;
+    const KaJsonEntry* const found = findSection(root, section);
+    out->keys_ = found ? keysOf(*found, text_) : KaJsonSiblings();
+    return found ? 1 : 0;
+}
+
+const KaJsonEntry* KAJsonParser::findSection(const char* root, const char* section) {
+    if (!root || !section) return nullptr;
 
     // Loaders ask for many sections of one root.
     if (!root_ || !root_->isCalled(root, text_)) {
@@ -77,13 +82,10 @@ int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* 
         KaJsonSiblings roots = {entries_, end, end, true};
         root_ = findAnywhere(&roots, root, text_);
         if (!root_ || root_->kind() != KaJsonKind::kObject) {
-            root_ = nullptr;
-            return 0;
+            return root_ = nullptr;
         }
         sections_ = sectionsOf(*root_, text_);
     }
-    const KaJsonEntry* const found = findSibling(&sections_, section, text_);
-    if (!found || found->kind() != KaJsonKind::kObject) return 0;
-    out->keys_ = keysOf(*found, text_);
-    return 1;
+    const KaJsonEntry* const found = findSibling<false>(&sections_, section, text_);
+    return found && found->kind() == KaJsonKind::kObject ? found : nullptr;
 }

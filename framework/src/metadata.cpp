@@ -74,7 +74,7 @@ bool shortDecimal(const char* at, float* out) {
 
 [[gnu::always_inline]] inline const KaJsonEntry* KaMetaData::find(const char* key, KaJsonKind kind) const {
     if (!key) return nullptr;
-    const KaJsonEntry* const entry = findSibling(&keys_, key, text_);
+    const KaJsonEntry* const entry = findSibling<true>(&keys_, key, text_);
     return entry && entry->kind() == kind ? entry : nullptr;
 }
 

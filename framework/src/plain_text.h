@@ -41,13 +41,14 @@ inline char* skipPlain(char* text) {
 
 // The first byte from `text` on that is no blank. Most blanks are a line break and the spaces behind it.
 inline char* skipBlanks(char* text) {
-    for (;;) {
-        const char c = *text;
-        if (static_cast<unsigned char>(c) > ' ') return text;
-        if (c != '\n' && c != ' ' && c != '\r' && c != '\t') return text;
+    char c = *text;
+    while (c == '\n' || c == ' ' || c == '\r' || c == '\t') {
         ++text;
         text += __builtin_ctz(~maskOf(equal(load(text), ' ')));
+        c = *text;
+        if (static_cast<unsigned char>(c) > ' ') break;
     }
+    return text;
 }
 
 #else

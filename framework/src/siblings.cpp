@@ -14,10 +14,10 @@ uint32_t markOf(const KaJsonEntry& entry, const char* text) {
 }
 
 // Whether two of the names may be equal. Different names may share a mark; then the search is only slower.
-template <bool kNested>
+template <bool kKeys>
 bool mayRepeat(const KaJsonEntry* begin, const KaJsonEntry* end, const char* text) {
     uint32_t seen[kMarks / 32] = {};
-    for (const KaJsonEntry* entry = begin; entry != end; entry += kNested ? entry->size() : 1) {
+    for (const KaJsonEntry* entry = begin; entry != end; entry += kKeys ? 1 : entry->size()) {
         const uint32_t mark = markOf(*entry, text);
         if ((seen[mark / 32] >> mark % 32 & 1) != 0) return true;
         seen[mark / 32] |= uint32_t{1} << mark % 32;
@@ -25,22 +25,22 @@ bool mayRepeat(const KaJsonEntry* begin, const KaJsonEntry* end, const char* tex
     return false;
 }
 
-template <bool kNested>
+template <bool kKeys>
 KaJsonSiblings siblings(const KaJsonEntry& parent, const char* text) {
     const KaJsonEntry* const begin = &parent + 1;
     const KaJsonEntry* const end = parent.sibling();
-    const bool repeat = mayRepeat<kNested>(begin, end, text);
+    const bool repeat = mayRepeat<kKeys>(begin, end, text);
     return {begin, end, repeat ? end : begin, repeat};
 }
 
 }  // namespace
 
 KaJsonSiblings sectionsOf(const KaJsonEntry& root, const char* text) {
-    return siblings<true>(root, text);
+    return siblings<false>(root, text);
 }
 
 KaJsonSiblings keysOf(const KaJsonEntry& section, const char* text) {
-    return siblings<false>(section, text);
+    return siblings<true>(section, text);
 }
 
 const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text) {

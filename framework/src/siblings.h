@@ -10,10 +10,11 @@ KaJsonSiblings keysOf(const KaJsonEntry& section, const char* text);
 // The one that is called `name`; null when there is none.
 const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text);
 
-// As findAnywhere, and quicker when it is the one behind the last that was found.
+// As findAnywhere, and quicker when it is the one behind the last that was found. Keys take one entry each.
+template <bool kKeys>
 inline const KaJsonEntry* findSibling(KaJsonSiblings* siblings, const char* name, const char* text) {
     const KaJsonEntry* const next = siblings->next;
     if (next == siblings->end || !next->isCalled(name, text)) return findAnywhere(siblings, name, text);
-    siblings->next = next->sibling();
+    siblings->next = kKeys ? next + 1 : next->sibling();
     return next;
 }

@@ -11,7 +11,9 @@ int lower(char c) {
 
 int util_strcasecmp(const char* a, const char* b) {
     if (!a || !b) return (a != nullptr) - (b != nullptr);
-    for (; *a == *b && *a != '\0'; ++a) ++b;
+    for (; *a == *b; ++a, ++b) {
+        if (*a == '\0') return 0;
+    }
     while (*a != '\0' && lower(*a) == lower(*b)) {
         ++a;
         ++b;
