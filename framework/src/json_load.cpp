@@ -95,7 +95,8 @@ bool readText(FileBuffer* file, uint32_t max_depth, JsonLoad* load, bool* too_de
         load->reason = kOutOfMemory;
         return false;
     }
-    const size_t end = result.IsError() ? result.Offset() : stream.Tell();
+    const size_t stop = result.IsError() ? result.Offset() : stream.Tell();
+    const size_t end = stop - reinterpret_cast<size_t>(file->text);
     if (!result.IsError() && end == file->size) return true;
     // The text was decoded in place; what to say about it depends on the text on disk.
     if (!rereadFile(file)) {

@@ -25,7 +25,8 @@ struct TextStream {
 
     char Peek() const { return *src_; }
     char Take() { return *src_++; }
-    size_t Tell() const { return static_cast<size_t>(src_ - document_->text); }
+    // The address itself: the reader only takes differences, or hands it on as the place of an error.
+    size_t Tell() const { return reinterpret_cast<size_t>(src_); }
     char* PutBegin() { return dst_ = src_; }
     void Put(char c) { *dst_++ = c; }
     size_t PutEnd(const char* begin) const { return static_cast<size_t>(dst_ - begin); }
