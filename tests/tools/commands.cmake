@@ -14,6 +14,16 @@ function(ebo_command_test name status)
   set_tests_properties(tool.${name} PROPERTIES WORKING_DIRECTORY "${CMAKE_CURRENT_SOURCE_DIR}")
 endfunction()
 
+# Tests in C++ of what stands behind a command. Loaders leave blocks behind on purpose.
+function(ebo_command_unit_test name)
+  add_executable(${name} ${ARGN})
+  target_link_libraries(${name} PRIVATE tool_random_tuning GTest::gmock GTest::gtest_main)
+  target_compile_definitions(${name} PRIVATE TUNINGS="${tunings}")
+  ebo_compile_for_desk(${name})
+  gtest_discover_tests(${name} TEST_PREFIX "tool." DISCOVERY_MODE PRE_TEST PROPERTIES ENVIRONMENT
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/tools/check/leaks.supp:print_suppressions=0")
+endfunction()
+
 foreach(folder random catalogue diff explain export keys schema shell)
   add_subdirectory("tests/tools/${folder}")
 endforeach()
