@@ -7,6 +7,7 @@
 namespace {
 
 constexpr size_t kQuoteReach = 200;  // bytes quoted on each side of a mark
+constexpr size_t kBlock = 1024;      // bytes between two counts of characters
 
 bool continuesCharacter(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
@@ -27,6 +28,8 @@ CheckSource::CheckSource(const std::string& path) {
     for (size_t i = 0; i < text_.size(); ++i) {
         if (text_[i] == '\n') lines_.push_back(i + 1);
     }
+    characters_.push_back(0);
+    for (size_t i = kBlock; i <= text_.size(); i += kBlock) characters_.push_back(charactersBefore(i));
 }
 
 CheckSource::Items CheckSource::roots() const {
@@ -53,6 +56,14 @@ bool CheckSource::section(const char* root, const char* section, KaMetaData* key
 size_t CheckSource::endOfString(size_t offset) const {
     while (offset < text_.size() && text_[offset] != '"') offset += text_[offset] == '\\' ? 2 : 1;
     return offset + 1;
+}
+
+size_t CheckSource::charactersBefore(size_t offset) const {
+    const size_t block = std::min(offset / kBlock, characters_.size() - 1);
+    const auto from = text_.begin() + static_cast<std::ptrdiff_t>(block * kBlock);
+    const auto to = text_.begin() + static_cast<std::ptrdiff_t>(offset);
+    return characters_[block] +
+           static_cast<size_t>(std::count_if(from, to, [](char c) { return !continuesCharacter(c); }));
 }
 
 CheckPlace CheckSource::nameOf(const KaJsonItem& item) const {
@@ -88,10 +99,7 @@ CheckPlace CheckSource::place(size_t offset, size_t length) const {
     result.column = static_cast<uint32_t>(offset - begin + 1);
     result.offset = static_cast<uint32_t>(offset);
     result.length = static_cast<uint32_t>(offset < end ? std::min(length, end - offset) : 0);
-    const auto lineStart = text_.begin() + static_cast<std::ptrdiff_t>(begin);
-    const auto mark = text_.begin() + static_cast<std::ptrdiff_t>(offset);
-    result.characters = 1 + static_cast<uint32_t>(std::count_if(
-                                lineStart, mark, [](char c) { return !continuesCharacter(c); }));
+    result.characters = static_cast<uint32_t>(charactersBefore(offset) - charactersBefore(begin) + 1);
 
     size_t from = offset - begin > kQuoteReach ? offset - kQuoteReach : begin;
     while (from > begin && continuesCharacter(text_[from])) --from;

@@ -39,12 +39,14 @@ public:
 
 private:
     size_t endOfString(size_t offset) const;
+    size_t charactersBefore(size_t offset) const;
 
     KAJsonParser parser_;
     KaJsonError error_;
     std::vector<KaJsonItem> items_;
     std::string text_;
-    std::vector<size_t> lines_;  // offsets of the lines
+    std::vector<size_t> lines_;       // offsets of the lines
+    std::vector<size_t> characters_;  // before each block of the text: a file may be one long line
 };
 
 // The last item of this name, which is the one that counts; null when there is none.

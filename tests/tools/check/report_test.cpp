@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <fstream>
 #include <map>
@@ -143,6 +144,20 @@ TEST(SeveralFiles, AreCheckedOnThreadsAndReportedInTheirOrder) {
         writeCheckText(checkFile(paths[i], "full"), {}, alone);
         EXPECT_EQ(together.str(), alone.str());
     }
+}
+
+TEST(Places, CountCharactersInOneLongLine) {
+    const LogCatcher ignored;
+    std::string note;
+    for (int i = 0; i < 3000; ++i) note += "\xC3\xA9";
+    const std::string path = testing::TempDir() + "one-long-line.json";
+    std::ofstream(path) << R"({"note": ")" << note << R"(", "ebo_config": {}})";
+    const CheckReport report = checkFile(path, "full");
+    std::remove(path.c_str());
+    ASSERT_EQ(report.findings.size(), 2U);
+    EXPECT_EQ(report.findings[0].place.characters, 2U);
+    EXPECT_EQ(report.findings[1].place.column, 6014U);
+    EXPECT_EQ(report.findings[1].place.characters, 3014U);
 }
 
 TEST(TextReport, CutsLongLinesToTheWidthAroundTheMark) {
