@@ -9,7 +9,6 @@ bool KAJsonTable::next(KaJsonItem* item) {
     if (index_ >= root_end_) {
         item->level = 1;
         root_end_ = end;
-        section_end_ = index_ + 1;
     } else if (index_ >= section_end_) {
         item->level = 2;
         section_end_ = end;

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "harness/comma_locale.h"
-#include "harness/trace.h"
 #include "lines.h"
 
 using ka_recording::Op;

@@ -1,7 +1,4 @@
-#include <cstring>
-
 #include "harness/bytes.h"
-#include "harness/trace.h"
 #include "lines.h"
 
 using ka_recording::Op;

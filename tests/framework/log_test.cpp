@@ -127,6 +127,9 @@ TEST(LogLine, HasAnyLength) {
                   lines([&text] { ka_err(1, 2, "T", "%s%s", "f", 1, kRed, text.c_str()); }));
         EXPECT_EQ(1, calls.write) << length;
         EXPECT_EQ(0, calls.held) << length;
+        constexpr int kLongest = -2147483647 - 1;
+        EXPECT_EQ("-2147483648 T f:-2147483648: " + text + "\n",
+                  lines([&text] { ka_err(1, kLongest, "T", "%s", "f", kLongest, text.c_str()); }));
         EXPECT_EQ("E " + text + " " + text + ":1: x\n",
                   lines([&text] { ka_err(1, 2, text.c_str(), "x", text.c_str(), 1); }));
     }

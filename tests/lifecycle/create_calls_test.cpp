@@ -8,7 +8,6 @@
 using ka_recording::Event;
 using ka_recording::Op;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 namespace {

@@ -1,6 +1,4 @@
 // What a record holds after its creation; with garbage-filled memory, that nothing else was written.
-#include <algorithm>
-
 #include "defaults.h"
 #include "harness/bytes.h"
 #include "harness/expect.h"

@@ -7,7 +7,6 @@
 #include "harness/expect.h"
 #include "harness/trace.h"
 
-using ka_recording::Event;
 using ka_recording::Op;
 using testing::ElementsAre;
 
@@ -101,6 +100,22 @@ TEST(LoadCalls, OfAnAgcFileComeInOrder) {
                                          "malloc #2 parseEboAgcConfigs", "parser gone"));
     EXPECT_EQ(host.recorder().only({Op::Malloc})[0].size, sizeof(EboAgcParam));
     destroyEboAgcConfig(&agc);
+}
+
+// The n-th copy of a text fails: its field stays null, and nothing is said.
+TEST(LoadCalls, GoOnWithoutATextThatCannotBeCopied) {
+    for (int n = 1; n <= 3; ++n) {
+        SCOPED_TRACE(n);
+        Host host;
+        host.recorder().fail_strdup = n;
+        KAEboParam* ebo = parseEboConfigs(host.file(completeDocument()).c_str());
+        ASSERT_NE(ebo, nullptr);
+        EXPECT_EQ(ebo->bf->wakeup->model_word1 == nullptr, n == 1);
+        EXPECT_EQ(ebo->bf->wakeup->model_word2 == nullptr, n == 2);
+        EXPECT_EQ(ebo->bf->ainr->model_path == nullptr, n == 3);
+        EXPECT_EQ(host.log().size(), 2U);  // the map and the mode, as ever
+        destroyEboConfig(&ebo);
+    }
 }
 
 // The n-th allocation of a load fails.

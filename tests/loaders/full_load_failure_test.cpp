@@ -10,7 +10,6 @@
 
 using ka_recording::Op;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

@@ -2,12 +2,7 @@
 #include "documents.h"
 #include "harness/comma_locale.h"
 #include "harness/expect.h"
-#include "harness/trace.h"
 #include "records.h"
-
-using ka_recording::Op;
-using testing::ElementsAreArray;
-using testing::IsEmpty;
 
 namespace {
 
@@ -140,6 +135,18 @@ TEST(FullLoad, SucceedsWithEverySectionDisabled) {
     expectBeamForm(ebo->bf, 0x100);
     expectLog(host, {info("parseEboAecConfigs", "aec: not enable"), kMapLine, kNoDelay,
                      info("parseEboBfConfigs", "bf: not enable")});
+    destroyEboConfig(&ebo);
+}
+
+TEST(FullLoad, SucceedsWithBothPathsDisabled) {
+    Host host;
+    std::string document = with(completeDocument(), "/ebo_configs/aec/status", R"("disable")");
+    document = with(document, "/ebo_configs/bf/status", R"("disable")");
+    KAEboParam* ebo = parseEboConfigs(host.file(document).c_str());
+    ASSERT_NE(ebo, nullptr);
+    EXPECT_EQ(ebo->model_en, 0);
+    expectAec(ebo->aec);
+    expectBeamForm(ebo->bf);
     destroyEboConfig(&ebo);
 }
 

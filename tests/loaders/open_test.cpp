@@ -3,9 +3,7 @@
 
 #include "documents.h"
 #include "harness/expect.h"
-#include "harness/trace.h"
 
-using ka_recording::Op;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -58,9 +58,9 @@ void expectSame(const char* name, const Record* got, const Record& want) {
 
 // Keys of a section that is not enabled are not read.
 void expectWakeup(const EboWakeupParam& wakeup, bool enabled) {
-    EboWakeupParam want = {};
-    if (enabled) want = {2, 150, 4, wakeup.model_word1, wakeup.model_word2};
-    EXPECT_EQ(bytes(wakeup), bytes(want));
+    EXPECT_EQ(wakeup.mode, enabled ? 2 : 0);
+    EXPECT_EQ(wakeup.wakeup_frames, enabled ? 150 : 0);
+    EXPECT_EQ(wakeup.wakeup_words, enabled ? 4 : 0);
     EXPECT_STREQ(wakeup.model_word1, enabled ? "hello-lamp" : nullptr);
     EXPECT_STREQ(wakeup.model_word2, enabled ? "good-night" : nullptr);
 }
