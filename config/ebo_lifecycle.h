@@ -12,6 +12,8 @@
 
 #include "ebo_params.h"
 
+#pragma GCC visibility push(default)
+
 // A whole default tree: echo canceller and beamformer with their modules, `rx` null. Null when the root
 // cannot be allocated; the process is aborted, with a message, when one of the two containers cannot be.
 KAEboParam* createEboConfigs();
@@ -54,3 +56,5 @@ void destroyEboHowlConfig(EboHowlParam** howl);
 void destroyEboDoaConfig(EboDoaParam** doa);
 void destroyEboWakeupConfig(EboWakeupParam** wakeup);
 void destroyEboAiNRConfig(EboAiNRParam** ainr);
+
+#pragma GCC visibility pop

@@ -6,6 +6,8 @@
 
 #include "ebo_params.h"
 
+#pragma GCC visibility push(default)
+
 // Echo canceller and, with EBO_AEC_DELAY, its delay estimator. `delay` must be set when EBO_AEC_DELAY is: it
 // is followed without a test. A record fresh from createEboAecConfig() claims a delay record that it does not
 // have.
@@ -17,3 +19,5 @@ void dumpEboBeamFormConfig(EboBeamFormParam* bf);
 
 // Playback path. Any combination of bits and null pointers is safe.
 void dumpEboAoConfig(EboRxParam* rx);
+
+#pragma GCC visibility pop

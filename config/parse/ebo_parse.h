@@ -3,6 +3,8 @@
 
 #include "ebo_params.h"
 
+#pragma GCC visibility push(default)
+
 // ---- entry points
 //
 // Each opens the file at `path` with a parser of its own and closes it before it returns. Null, without a
@@ -90,3 +92,5 @@ EboAiNRParam* parseEboAINRConfigs(void* parser, const char* root, int* model_en)
 EboAnrParam* parseEboAnrConfigs(void* parser, const char* root, int* model_en);
 // "howl": EBO_BF_HOWL or EBO_RX_HOWL
 EboHowlParam* parseEboHowlConfigs(void* parser, const char* root, int* model_en);
+
+#pragma GCC visibility pop

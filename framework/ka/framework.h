@@ -9,6 +9,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#pragma GCC visibility push(default)
+
 #define KA_NULL nullptr
 
 class KAJsonTable;
@@ -115,3 +117,5 @@ void* ka_memset(void* memory, int value, size_t size);
 // 0 when equal, otherwise below or above 0 as `a` sorts before or after `b`. A-Z count as a-z, in every
 // locale; all other bytes as they are. Null sorts before every text and equals null.
 int util_strcasecmp(const char* a, const char* b);
+
+#pragma GCC visibility pop

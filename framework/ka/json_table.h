@@ -3,6 +3,8 @@
 
 #include <ka/framework.h>
 
+#pragma GCC visibility push(default)
+
 enum class KaJsonKind : uint8_t { kNull, kBool, kNumber, kString, kArray, kObject };
 
 // One root, section or key. The texts belong to the parser and live until its next parseFile or its end.
@@ -51,3 +53,5 @@ struct KaTextPosition {
     uint32_t column;
 };
 KaTextPosition ka_text_position(const char* text, size_t offset);
+
+#pragma GCC visibility pop

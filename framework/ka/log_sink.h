@@ -3,6 +3,8 @@
 
 #include <ka/framework.h>
 
+#pragma GCC visibility push(default)
+
 // All texts are lent for the call.
 struct KaLogMessage {
     unsigned int channel;
@@ -23,3 +25,5 @@ using KaLogSink = void (*)(const KaLogMessage& message, void* user);
 // installed. `user` is handed on. On return the former sink is in no call any more, and its `user` may go.
 void ka_install_log_sink(KaLogSink sink, void* user);
 void ka_remove_log_sink();
+
+#pragma GCC visibility pop
