@@ -83,7 +83,7 @@ void registerEntry(const std::string& name, Load load, Destroy destroy) {
 // The records from a document that is open already.
 KAEboParam* extract(KAJsonParser* parser) {
     auto* ebo = static_cast<KAEboParam*>(ka_mem_malloc(sizeof(KAEboParam), __func__));
-    for (const EboLoadStep& step : kEboLoadOrder) step.load(ebo, parser, "ebo_configs");
+    for (const EboLoadStep& step : kEboLoadOrder) step.load(parser, "ebo_configs", ebo);
     return ebo;
 }
 

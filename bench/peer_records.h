@@ -15,7 +15,7 @@
 #include <cstring>
 
 #include <ebo_lifecycle.h>
-#include <parse/section.h>
+#include <parse/section_reader.h>
 
 #include "loaders.h"
 
@@ -26,8 +26,10 @@ void takeIntPair(const char* text, int16_t* row);
 void takeBands(const char* text, int16_t* first, size_t stride);
 void takeChannelMap(const char* text, EboAecParam* aec);
 
-inline void takeText(const EboKeyRow& row, const char* text, char* record, Rows rows) {
-    if (rows == Rows::Scanner || row.kind == EboKeyKind::Word) return row.take(row, text, record, "bench");
+inline void takeText(const EboSection& section, const EboKeyRow& row, const char* text, char* record,
+                     Rows rows) {
+    if (rows == Rows::Scanner || row.kind == EboKeyKind::Word)
+        return eboStoreText(section, row, text, record);
     switch (row.kind) {
         case EboKeyKind::FloatRow:
             return takeFloats(text, reinterpret_cast<float*>(record + row.offset), row.count);
@@ -42,7 +44,7 @@ inline void takeText(const EboKeyRow& row, const char* text, char* record, Rows 
 }
 
 template <typename Peer>
-bool takeKey(Peer& peer, const EboKeyRow& row, char* record, Rows rows) {
+bool takeKey(Peer& peer, const EboSection& section, const EboKeyRow& row, char* record, Rows rows) {
     char* field = record + row.offset;
     int integer = 0;
     const char* text = nullptr;
@@ -63,7 +65,7 @@ bool takeKey(Peer& peer, const EboKeyRow& row, char* record, Rows rows) {
             return peer.number(row.key, reinterpret_cast<float*>(field));
         default:
             if (!peer.text(row.key, &text)) return false;
-            takeText(row, text, record, rows);
+            takeText(section, row, text, record, rows);
             return true;
     }
 }
@@ -72,7 +74,8 @@ template <typename Peer>
 bool takeKeys(Peer& peer, const EboSection& section, void* record, Rows rows) {
     for (uint16_t i = 1; i < section.rowCount; ++i) {
         const EboKeyRow& row = section.rows[i];
-        if (!takeKey(peer, row, static_cast<char*>(record), rows) && row.missing != nullptr) return false;
+        if (!takeKey(peer, section, row, static_cast<char*>(record), rows) && row.missing != nullptr)
+            return false;
     }
     return true;
 }

@@ -1,16 +1,19 @@
 #include "ebo_lifecycle.h"
 
+#include <cstring>
+
 #include "ebo_log.h"
 
 namespace {
 
 // The shared default channel map: neighbours swapped in pairs, the last two in place. Never written; a record
-// that points at it does not own it, although destroyEboAecConfig() hands it to the framework's release all
-// the same.
+// that points at it does not own it, although destroyEboAecConfig() on purpose hands it to the framework's
+// release all the same.
 const int16_t Array[8] = {1, 0, 3, 2, 5, 4, 6, 7};
 
-// Pairs of band_pass_thd and super_est_factor, band 0 first.
-constexpr int kNlpDefaults[16] = {10, 6, 10, 10, 10, 10, 5, 10, 5, 10, 5, 10, 0, 6, 0, 6};
+// band_pass_thd and super_est_factor of each band.
+constexpr EboNlpBand kNlpDefaults[8] = {{10, 6}, {10, 10}, {10, 10}, {5, 10},
+                                        {5, 10}, {5, 10},  {0, 6},   {0, 6}};
 
 // Uncleared on purpose: fields without a default stay as the allocator returned them.
 template <typename Record>
@@ -18,13 +21,19 @@ Record* allocate(const char* caller) {
     return static_cast<Record*>(ka_mem_malloc(sizeof(Record), caller));
 }
 
-// Releases what *pointer points at, null included, and leaves null there. The framework is given the address
-// of an untyped copy: a typed pointer must not be written through a `void**`.
+// A typed pointer must not be read or written through the `void**` that the framework takes: it gets the
+// address of an untyped copy.
+void releasePointerAt(void* pointer, const char* caller) {
+    void* block = KA_NULL;
+    std::memcpy(&block, pointer, sizeof(block));
+    ka_mem_safe_free(&block, caller);
+    std::memcpy(pointer, &block, sizeof(block));
+}
+
+// Releases what *pointer points at, null included, and leaves null there.
 template <typename Pointee>
 void release(Pointee** pointer, const char* caller) {
-    void* block = *pointer;
-    ka_mem_safe_free(&block, caller);
-    *pointer = KA_NULL;
+    releasePointerAt(pointer, caller);
 }
 
 }  // namespace
@@ -72,7 +81,7 @@ EboAecParam* createEboAecConfig() {
 void destroyEboAecConfig(EboAecParam** aec) {
     if (*aec != KA_NULL) {
         destroyEboDelayConfig(&(*aec)->delay);
-        release(&(*aec)->Array_list, __func__);  // the shared default map too
+        release(&(*aec)->Array_list, __func__);  // on purpose the shared default map too
     }
     release(aec, __func__);
 }
@@ -142,6 +151,7 @@ void destroyEboAnrConfig(EboAnrParam** anr) {
     release(anr, __func__);
 }
 
+// fRk0 is of the size of a threshold, on purpose.
 EboAgcParam* createEboAgcConfig() {
     auto* agc = allocate<EboAgcParam>(__func__);
     if (agc == KA_NULL) return KA_NULL;
@@ -214,11 +224,7 @@ void destroyEboDereverbConfig(EboDereverbParam** dereverb) {
 EboNlpParam* createEboNlpconfig() {
     auto* nlp = allocate<EboNlpParam>(__func__);
     if (nlp == KA_NULL) return KA_NULL;
-    const int* value = kNlpDefaults;
-    for (EboNlpBand& band : nlp->bands) {
-        band.band_pass_thd = static_cast<int16_t>(*value++);
-        band.super_est_factor = static_cast<int16_t>(*value++);
-    }
+    std::memcpy(nlp->bands, kNlpDefaults, sizeof(nlp->bands));
     return nlp;
 }
 

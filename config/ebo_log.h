@@ -15,6 +15,9 @@
 #define EBO_INFO 0x1818180AU, 5, "KAAEboConfig"
 #define EBO_HERE __func__, __LINE__
 
+// An information line without values, sent as it is.
+void eboLogLine(const char* text, const char* function, int line);
+
 // Terminal colours stand in the format itself.
 #define EBO_RED(text) "\x1b[31m\x1b[1m" text "\x1b[0m"
 #define EBO_GREEN(text) "\x1b[32m\x1b[1m" text "\x1b[0m"

@@ -96,12 +96,12 @@ struct FieldWithoutKey {
     EboKeyRow row;
 };
 const FieldWithoutKey kFieldsWithoutKey[] = {
-    {&kEboAecSection, EBO_NUMBER_OPTIONAL(EboAecParam, pos, nullptr)},
-    {&kEboDelaySection, EBO_NUMBER_OPTIONAL(EboDelayParam, LeastDelay, nullptr)},
-    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, ref_pos, nullptr)},
-    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, num_ref_channel, nullptr)},
-    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, sample_rate, nullptr)},
-    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, frame_len, nullptr)},
+    {&kEboAecSection, EBO_NUMBER_OPTIONAL(EboAecParam, pos)},
+    {&kEboDelaySection, EBO_NUMBER_OPTIONAL(EboDelayParam, LeastDelay)},
+    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, ref_pos)},
+    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, num_ref_channel)},
+    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, sample_rate)},
+    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, frame_len)},
 };
 
 }  // namespace

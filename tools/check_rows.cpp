@@ -1,6 +1,7 @@
 #include "check_rows.h"
 
 #include <parse/row_scan.h>
+#include <parse/section_reader.h>
 
 #include <algorithm>
 #include <cmath>
@@ -45,8 +46,8 @@ std::string commaList(const std::vector<std::string>& words) {
 }
 
 // Stores the text and says what stands in the record then.
-std::string storedNumbers(const EboKeyRow& row, const char* text, void* record) {
-    row.take(row, text, record, __func__);
+std::string storedNumbers(const EboSection& section, const EboKeyRow& row, const char* text, void* record) {
+    eboStoreText(section, row, text, record);
     const char* field = static_cast<const char*>(record) + row.offset;
     // The numbers of a list lie one to a band, those of a row side by side.
     const size_t stride = row.kind == EboKeyKind::IntList ? sizeof(EboNlpBand) / sizeof(int16_t) : 1;
@@ -61,9 +62,9 @@ std::string storedNumbers(const EboKeyRow& row, const char* text, void* record) 
     return commaList(words);
 }
 
-std::string storedChannels(const EboKeyRow& row, const char* text, size_t count) {
+std::string storedChannels(const EboSection& section, const EboKeyRow& row, const char* text, size_t count) {
     EboAecParam aec = {};
-    row.take(row, text, &aec, __func__);
+    eboStoreText(section, row, text, &aec);
     std::vector<std::string> words;
     for (size_t i = 0; i < count; ++i) words.push_back(std::to_string(aec.Array_list[i]));
     std::free(aec.Array_list);
@@ -130,7 +131,7 @@ void judgeOrder(const EboKeyRow& row, const std::vector<Number>& numbers, std::v
                         "stores both as they are", "exchange the two numbers, or mend one of them"});
 }
 
-std::vector<RowFinding> checkMap(const EboKeyRow& row, const char* text) {
+std::vector<RowFinding> checkMap(const EboSection& section, const EboKeyRow& row, const char* text) {
     constexpr char kExample[] = "write for example \"4 chn;map:1,0,3,2\", or leave the key out";
     const std::string key = quoted(row.key);
     EboScanner scanner(text);
@@ -156,7 +157,7 @@ std::vector<RowFinding> checkMap(const EboKeyRow& row, const char* text) {
     }
 
     const auto wanted = static_cast<size_t>(channels);
-    const std::string stored = storedChannels(row, text, wanted);
+    const std::string stored = storedChannels(section, row, text, wanted);
     if (!marked) {
         return {{&kBadSeparator, key + " lacks \"chn;map:\" behind the number of channels",
                  "goes on, and stores " + stored, kExample}};
@@ -170,12 +171,13 @@ std::vector<RowFinding> checkMap(const EboKeyRow& row, const char* text) {
 
 }  // namespace
 
-std::vector<RowFinding> checkRow(const EboKeyRow& row, const char* text, void* record) {
-    if (row.kind == EboKeyKind::ChannelMap) return checkMap(row, text);
+std::vector<RowFinding> checkRow(const EboSection& section, const EboKeyRow& row, const char* text,
+                                 void* record) {
+    if (row.kind == EboKeyKind::ChannelMap) return checkMap(section, row, text);
     EboScanner scanner(text);
     const std::vector<Number> numbers = scanNumbers(row, scanner);
     scanner.skipBlanks();
-    const std::string stored = storedNumbers(row, text, record);
+    const std::string stored = storedNumbers(section, row, text, record);
     std::vector<RowFinding> findings;
     const std::string_view last = numbers.empty() ? std::string_view() : numbers.back().written;
     judgeCount(row, numbers.size(), last, scanner.at(), row.count, stored, findings);

@@ -108,7 +108,7 @@ private:
 
     void checkText(const EboKeyRow& row, const char* text) {
         if (row.kind == EboKeyKind::Word) return;
-        for (const RowFinding& found : checkRow(row, text, record_.data())) {
+        for (const RowFinding& found : checkRow(section_, row, text, record_.data())) {
             context_.add(*found.code, valueOf(row), found.text, found.device, found.help);
             if (found.code == &kMapAborts) ends("Assertion chns <= 16 failed", CheckOutcome::Aborts);
         }

@@ -55,7 +55,7 @@ bool loadCapture(Load& load, Part part) {
     }
     for (const EboLoadStep& step : kEboLoadOrder) {
         if (!isOf(part, step.section)) continue;
-        const bool loaded = step.load(tuning.capture.get(), load.document.get(), kCaptureRoot);
+        const bool loaded = step.load(load.document.get(), kCaptureRoot, tuning.capture.get());
         const bool lenient = part == Part::BeamForm && step.section != &kEboBfSection;
         if (!loaded && !lenient) return false;
     }

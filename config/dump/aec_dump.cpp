@@ -3,14 +3,14 @@
 
 void dumpEboAecConfig(EboAecParam* aec) {
     if (aec == KA_NULL) return;
-    ka_log(EBO_INFO, "********************* AEC Configs dump ******************", EBO_HERE);
+    eboLogLine("********************* AEC Configs dump ******************", EBO_HERE);
     ka_log(EBO_INFO, "pos = %d, drop_ref_channel = %d", EBO_HERE, aec->pos, aec->drop_ref_channel);
     // No comma before filter_len, on purpose.
     ka_log(EBO_INFO, "model_aec_en = 0x%x, delay_len = %d, look_ahead = %d filter_len = %d", EBO_HERE,
            static_cast<unsigned int>(aec->model_aec_en), aec->delay_len, aec->look_ahead, aec->filter_len);
     if ((aec->model_aec_en & EBO_AEC_DELAY) != 0) {
-        ka_log(EBO_INFO, "delay:", EBO_HERE);
-        ka_log(EBO_INFO, "   enabled", EBO_HERE);
+        eboLogLine("delay:", EBO_HERE);
+        eboLogLine("   enabled", EBO_HERE);
         // On purpose without a null test: the bit promises the record.
         const EboDelayParam& delay = *aec->delay;
         ka_log(EBO_INFO, "   MaxFrame = %d, LeastDelay = %d, JumpFrame = %d, DelayOffset = %d", EBO_HERE,
@@ -20,5 +20,5 @@ void dumpEboAecConfig(EboAecParam* aec) {
         ka_log(EBO_INFO, "   SmoothFactor = %f", EBO_HERE, delay.SmoothFactor);
     }
     // Longer than the closing line of the other dumps, on purpose.
-    ka_log(EBO_INFO, "********************** End ******************************", EBO_HERE);
+    eboLogLine("********************** End ******************************", EBO_HERE);
 }

@@ -16,10 +16,8 @@ struct Row {
 // Appends "%.4f  " at `at` and returns the new end. Not printf, whose decimal point is the process's
 // locale's.
 size_t appendFloat(Row& row, size_t at, float value) {
-    char number[64];  // the longest float has 39 digits before the point
-    const auto [end, error] =
-        std::to_chars(number, number + sizeof(number) - 2, value, std::chars_format::fixed, 4);
-    if (error != std::errc()) return at;
+    char number[64];  // the longest float has 39 digits before the point: there is room
+    char* const end = std::to_chars(number, number + 62, value, std::chars_format::fixed, 4).ptr;
     end[0] = ' ';
     end[1] = ' ';
     size_t length = static_cast<size_t>(end - number) + 2;
@@ -30,60 +28,59 @@ size_t appendFloat(Row& row, size_t at, float value) {
     return at + length;
 }
 
-template <size_t N>
-void buildRow(Row& row, const float (&values)[N]) {
-    size_t at = 0;
-    for (const float value : values) at = appendFloat(row, at, value);
-}
-
-// Each value stands in a column of eight; no int16 is wider than six.
-void buildRow(Row& row, const int16_t (&pair)[2]) {
-    std::snprintf(row.text, sizeof(row.text), "%-8d", pair[0]);
-    std::snprintf(row.text + 8, sizeof(row.text) - 8, "%-8d", pair[1]);
-}
-
-template <typename Values>
-void dumpRow(Row& row, const Values& values, const char* function) {
-    buildRow(row, values);
-    ka_log(EBO_INFO, "      %s", function, __LINE__, row.text);
-}
-
 void clear(Row& row) {
     ka_memset(row.text, 0, std::strlen(row.text));
 }
 
-template <typename Table>
-void dumpTable(Row& row, const Table& table, const char* function) {
-    for (const auto& values : table) dumpRow(row, values, function);
+// `rows` rows of `columns` values each.
+void dumpFloats(Row& row, const float* values, size_t rows, size_t columns, const char* function) {
+    for (; rows > 0; --rows, values += columns) {
+        size_t at = 0;
+        for (size_t i = 0; i < columns; ++i) at = appendFloat(row, at, values[i]);
+        ka_log(EBO_INFO, "      %s", function, __LINE__, row.text);
+    }
+    clear(row);
+}
+
+// Each value stands in a column of eight; no int16 is wider than six.
+void dumpPairs(Row& row, const int16_t (*pairs)[2], size_t rows, const char* function) {
+    for (; rows > 0; --rows, ++pairs) {
+        std::snprintf(row.text, sizeof(row.text), "%-8d%-8d", (*pairs)[0], (*pairs)[1]);
+        ka_log(EBO_INFO, "      %s", function, __LINE__, row.text);
+    }
     clear(row);
 }
 
 void dumpAes(const EboAesParam& aes, const char* function) {
-    Row row;
-    std::memset(row.text, 0, sizeof(row.text));
-    ka_log(EBO_INFO, "aes:", function, __LINE__);
+    Row row = {};
+    eboLogLine("aes:", function, __LINE__);
     ka_log(EBO_INFO, "   beta_up = %f, beta_down = %f", function, __LINE__, aes.beta_up, aes.beta_down);
     // beta_down again, and beta_down_low never, on purpose.
     ka_log(EBO_INFO, "   beta_up_low = %f, beta_down = %f", function, __LINE__, aes.beta_up_low,
            aes.beta_down);
     ka_log(EBO_INFO, "   low_freq = %d, high_freq = %d", function, __LINE__, aes.low_freq, aes.high_freq);
     ka_log(EBO_INFO, "   thd_flag = %d, hard_flag = %d", function, __LINE__, aes.thd_flag, aes.hard_flag);
-    ka_log(EBO_INFO, "   LimitRatio:", function, __LINE__);
-    dumpTable(row, aes.LimitRatio, function);
-    ka_log(EBO_INFO, "   ThdSplitFreq:", function, __LINE__);
-    dumpTable(row, aes.ThdSplitFreq, function);
-    ka_log(EBO_INFO, "   ThdSupDegree:", function, __LINE__);
-    dumpTable(row, aes.ThdSupDegree, function);
-    ka_log(EBO_INFO, "   HardSplitFreq:", function, __LINE__);
-    dumpTable(row, aes.HardSplitFreq, function);
-    ka_log(EBO_INFO, "   HardThreshold:", function, __LINE__);
-    dumpRow(row, aes.HardThreshold, function);
-    clear(row);
+    eboLogLine("   LimitRatio:", function, __LINE__);
+    dumpFloats(row, aes.LimitRatio[0], 2, 3, function);
+    eboLogLine("   ThdSplitFreq:", function, __LINE__);
+    dumpPairs(row, aes.ThdSplitFreq, 4, function);
+    eboLogLine("   ThdSupDegree:", function, __LINE__);
+    dumpFloats(row, aes.ThdSupDegree[0], 4, 10, function);
+    eboLogLine("   HardSplitFreq:", function, __LINE__);
+    dumpPairs(row, aes.HardSplitFreq, 5, function);
+    eboLogLine("   HardThreshold:", function, __LINE__);
+    dumpFloats(row, aes.HardThreshold, 1, 4, function);
 }
 
+// All that there is to say of a module without a record.
+void dumpSwitch(const char* heading, const char* function) {
+    eboLogLine(heading, function, __LINE__);
+    eboLogLine("   enabled", function, __LINE__);
+}
+
+// Colons here and in dumpAinr(), on purpose.
 void dumpWakeup(const EboWakeupParam& wakeup, const char* function) {
-    ka_log(EBO_INFO, "wakeup:", function, __LINE__);
-    ka_log(EBO_INFO, "   enabled", function, __LINE__);
+    dumpSwitch("wakeup:", function);
     ka_log(EBO_INFO, "   wakeup_frames: %d", function, __LINE__, wakeup.wakeup_frames);
     ka_log(EBO_INFO, "   wakeup_words: %d", function, __LINE__, wakeup.wakeup_words);
     ka_log(EBO_INFO, "   mode: %d", function, __LINE__, wakeup.mode);
@@ -92,7 +89,7 @@ void dumpWakeup(const EboWakeupParam& wakeup, const char* function) {
 }
 
 void dumpDereverb(const EboDereverbParam& dereverb, const char* function) {
-    ka_log(EBO_INFO, "dereverb:", function, __LINE__);
+    eboLogLine("dereverb:", function, __LINE__);
     ka_log(EBO_INFO, "   rlsLg = %d, curveLg = %d, delay = %d", function, __LINE__, dereverb.rlsLg,
            dereverb.curveLg, dereverb.delay);
     ka_log(EBO_INFO, "   forgetting = %f, t60 = %f, coCoeff = %f", function, __LINE__, dereverb.forgetting,
@@ -100,8 +97,8 @@ void dumpDereverb(const EboDereverbParam& dereverb, const char* function) {
 }
 
 void dumpNlp(const EboNlpParam& nlp, const char* function) {
-    ka_log(EBO_INFO, "nlp:", function, __LINE__);
-    ka_log(EBO_INFO, "   BandPassThd   SuperEstFactor", function, __LINE__);
+    eboLogLine("nlp:", function, __LINE__);
+    eboLogLine("   BandPassThd   SuperEstFactor", function, __LINE__);
     for (const EboNlpBand& band : nlp.bands) {
         ka_log(EBO_INFO, "        %2d             %2d", function, __LINE__, band.band_pass_thd,
                band.super_est_factor);
@@ -109,7 +106,7 @@ void dumpNlp(const EboNlpParam& nlp, const char* function) {
 }
 
 void dumpAgc(const EboAgcParam& agc, const char* function) {
-    ka_log(EBO_INFO, "agc:", function, __LINE__);
+    eboLogLine("agc:", function, __LINE__);
     ka_log(EBO_INFO, "   attack_time = %f, release_time = %f, attenuate_time = %f", function, __LINE__,
            agc.attack_time, agc.release_time, agc.attenuate_time);
     ka_log(EBO_INFO, "   max_gain = %f, max_peak = %f", function, __LINE__, agc.max_gain, agc.max_peak);
@@ -123,7 +120,7 @@ void dumpAgc(const EboAgcParam& agc, const char* function) {
 }
 
 void dumpCng(const EboCngParam& cng, const char* function) {
-    ka_log(EBO_INFO, "cng:", function, __LINE__);
+    eboLogLine("cng:", function, __LINE__);
     ka_log(EBO_INFO, "   fGain = %f, fMpy = %f", function, __LINE__, cng.fGain, cng.fMpy);
     ka_log(EBO_INFO, "   fSmoothAlpha = %f, fSpeechGain = %f", function, __LINE__, cng.fSmoothAlpha,
            cng.fSpeechGain);
@@ -131,20 +128,20 @@ void dumpCng(const EboCngParam& cng, const char* function) {
 
 // The heading is not the section's name, on purpose.
 void dumpDtd(const EboDtdParam& dtd, const char* function) {
-    ka_log(EBO_INFO, "stdt:", function, __LINE__);
+    eboLogLine("stdt:", function, __LINE__);
     ka_log(EBO_INFO, "   ksiThd_high = %f, ksiThd_low = %f", function, __LINE__, dtd.ksiThd_high,
            dtd.ksiThd_low);
 }
 
 void dumpDoa(const EboDoaParam& doa, const char* function) {
-    ka_log(EBO_INFO, "doa:", function, __LINE__);
+    eboLogLine("doa:", function, __LINE__);
     ka_log(EBO_INFO, "   rad = %f, start_freq = %d, end_freq = %d", function, __LINE__, doa.rad,
            doa.start_freq, doa.end_freq);
     ka_log(EBO_INFO, "   lg_num = %d, lg_pitch_num = %d", function, __LINE__, doa.lg_num, doa.lg_pitch_num);
 }
 
 void dumpAinr(const EboAiNRParam& ainr, const char* function) {
-    ka_log(EBO_INFO, "ainr:", function, __LINE__);
+    eboLogLine("ainr:", function, __LINE__);
     ka_log(EBO_INFO, "   model_path: %s", function, __LINE__, ainr.model_path);
 }
 
@@ -152,29 +149,21 @@ void dumpAinr(const EboAiNRParam& ainr, const char* function) {
 
 void dumpEboBeamFormConfig(EboBeamFormParam* bf) {
     if (bf == KA_NULL) return;
-    ka_log(EBO_INFO, "****************** BeamForm Configs dump ******************", EBO_HERE);
+    eboLogLine("****************** BeamForm Configs dump ******************", EBO_HERE);
     ka_log(EBO_INFO, "model_en = 0x%x, ref_pos = %d", EBO_HERE, static_cast<unsigned int>(bf->model_en),
            bf->ref_pos);
     ka_log(EBO_INFO, "targ = %d", EBO_HERE, bf->targ);
     ka_log(EBO_INFO, "num_ref_channel = %d, drop_ref_channel = %d", EBO_HERE, bf->num_ref_channel,
            bf->drop_ref_channel);
 
-    const auto on = [bf](int32_t bit) { return (bf->model_en & bit) != 0; };
+    const auto on = [mask = bf->model_en](int32_t bit) { return (mask & bit) != 0; };
     const char* const function = __func__;
-    if (on(EBO_BF_FAST_AEC)) {
-        ka_log(EBO_INFO, "fast_aec:", EBO_HERE);
-        ka_log(EBO_INFO, "   enabled", EBO_HERE);
-    }
-    if (on(EBO_BF_WAKEUP))
-        dumpWakeup(*bf->wakeup, function);  // on purpose without a null test, unlike the others
-    if (on(EBO_BF_GSC_METHOD)) {            // the method, not the status, heads the block
-        ka_log(EBO_INFO, "gsc:", EBO_HERE);
-        ka_log(EBO_INFO, "   enabled", EBO_HERE);
-    }
-    if (on(EBO_BF_EQ)) {
-        ka_log(EBO_INFO, "eq:", EBO_HERE);
-        ka_log(EBO_INFO, "   enabled", EBO_HERE);
-    }
+    if (on(EBO_BF_FAST_AEC)) dumpSwitch("fast_aec:", function);
+    // On purpose without a null test, unlike the others.
+    if (on(EBO_BF_WAKEUP)) dumpWakeup(*bf->wakeup, function);
+    // On purpose by the method, not by the status.
+    if (on(EBO_BF_GSC_METHOD)) dumpSwitch("gsc:", function);
+    if (on(EBO_BF_EQ)) dumpSwitch("eq:", function);
     if (on(EBO_BF_DEREVERB) && bf->dereverb != KA_NULL) dumpDereverb(*bf->dereverb, function);
     if (on(EBO_BF_NLP) && bf->nlp != KA_NULL) dumpNlp(*bf->nlp, function);
     if (on(EBO_BF_AES) && bf->aes != KA_NULL) dumpAes(*bf->aes, function);
@@ -184,10 +173,7 @@ void dumpEboBeamFormConfig(EboBeamFormParam* bf) {
     if (on(EBO_BF_DTD) && bf->dtd != KA_NULL) dumpDtd(*bf->dtd, function);
     if (on(EBO_BF_HOWL) && bf->howl != KA_NULL) eboDumpHowl(*bf->howl, function);
     if (on(EBO_BF_DOA) && bf->doa != KA_NULL) dumpDoa(*bf->doa, function);
-    if (on(EBO_BF_WIND)) {
-        ka_log(EBO_INFO, "wind:", EBO_HERE);
-        ka_log(EBO_INFO, "   enabled", EBO_HERE);
-    }
+    if (on(EBO_BF_WIND)) dumpSwitch("wind:", function);
     if (on(EBO_BF_AINR) && bf->ainr != KA_NULL) dumpAinr(*bf->ainr, function);
     eboDumpEnd(function);
 }

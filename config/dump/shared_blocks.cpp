@@ -2,10 +2,9 @@
 
 #include "ebo_log.h"
 
-// Two lines lack a comma before their last item and PrioriMin is printed twice, on purpose: logs are read by
-// scripts.
+// Two lines lack a comma before their last item and PrioriMin is printed twice, on purpose.
 void eboDumpAnr(const EboAnrParam& anr, const char* function) {
-    ka_log(EBO_INFO, "anr:", function, __LINE__);
+    eboLogLine("anr:", function, __LINE__);
     ka_log(EBO_INFO, "   noiseFactor = %f, swU = %d", function, __LINE__, anr.noiseFactor, anr.swU);
     ka_log(EBO_INFO, "   psiMin = %f, psiMax = %f, fGmin = %f", function, __LINE__, anr.psiMin, anr.psiMax,
            anr.fGmin);
@@ -25,11 +24,11 @@ void eboDumpAnr(const EboAnrParam& anr, const char* function) {
 }
 
 void eboDumpHowl(const EboHowlParam& howl, const char* function) {
-    ka_log(EBO_INFO, "howl:", function, __LINE__);
+    eboLogLine("howl:", function, __LINE__);
     ka_log(EBO_INFO, "   mode = %d", function, __LINE__, howl.mode);
 }
 
 // Shorter than the closing line of the echo canceller's dump, on purpose.
 void eboDumpEnd(const char* function) {
-    ka_log(EBO_INFO, "********************** End ***************************", function, __LINE__);
+    eboLogLine("********************** End ***************************", function, __LINE__);
 }

@@ -10,7 +10,8 @@ namespace {
 
 constexpr uint8_t kMaxChannels = 16;
 
-void takeChannelMap(const EboKeyRow& /*row*/, const char* text, void* record, const char* function) {
+void takeChannelMap(const EboSection& section, const EboKeyRow& /*row*/, const char* text, void* record) {
+    const char* const function = section.function;
     auto* aec = static_cast<EboAecParam*>(record);
     int32_t chns = 0;
     int32_t map[kMaxChannels] = {};
@@ -35,7 +36,7 @@ void takeChannelMap(const EboKeyRow& /*row*/, const char* text, void* record, co
 #define AEC(field, text) EBO_NUMBER(EboAecParam, field, text)
 constexpr EboKeyRow kAecKeys[] = {
     EBO_STATUS("find aec status failed"),
-    EBO_TEXT_OPTIONAL("mic_chn_map", ChannelMap, kMaxChannels, offsetof(EboAecParam, Array_list), takeChannelMap),
+    EBO_TEXT_OPTIONAL("mic_chn_map", ChannelMap, kMaxChannels, offsetof(EboAecParam, Array_list)),
     EBO_FLAG(EboAecParam, drop_ref_channel, "find aec drop_ref_channel failed"),
     AEC(delay_len, "find aec delay_len failed"),
     AEC(look_ahead, "find aec look_ahead failed"),
@@ -59,24 +60,23 @@ constexpr EboKeyRow kDelayKeys[] = {
 
 }  // namespace
 
-const EboSection kEboAecSection =
-    eboSection<EboAecParam>("aec", kAecKeys, EBO_PATH_AEC, "aec != KA_NULL", "aec: not enable");
+// clang-format off
+const EboSection kEboAecSection = {EBO_SECTION("aec", parseEboAecConfigs, kAecKeys, EboAecParam, EBO_PATH_AEC, "aec != KA_NULL"), 0, "aec: not enable", takeChannelMap};
 // The bit of a delay record is set by the loaders, in the echo canceller's own mask.
-const EboSection kEboDelaySection =
-    eboSection<EboDelayParam>("delay", kDelayKeys, 0, "delay != KA_NULL", "delay: not enable");
+const EboSection kEboDelaySection = {EBO_SECTION("delay", parseEboDelayConfigs, kDelayKeys, EboDelayParam, 0, "delay != KA_NULL"), 0, "delay: not enable"};
+// clang-format on
 
 // A failure after the channel map was read leaks the map on purpose: only the record's own block is released.
 EboAecParam* parseEboAecConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboAecParam>(kEboAecSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboAecParam>(parser, root, model_en, kEboAecSection);
 }
 
 // Unlike other sections, a disabled one is not read further and leaves no record.
 EboDelayParam* parseEboDelayConfigs(void* parser, const char* root, int* model_en) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
-    const EboReading reading(kEboDelaySection, parser, root, __func__);
-    void* delay = eboMakeRecord(kEboDelaySection.recordSize, kEboDelaySection.assertion, EBO_HERE);
-    int untouched =
-        0;  // no bit of the caller's mask belongs to this section: the mask is neither read nor written
+    const EboReading reading(kEboDelaySection, parser, root);
+    void* delay = eboMakeRecord(kEboDelaySection);
+    int untouched = 0;  // no bit of the caller's mask is this section's: it is neither read nor written
     const EboStatus status = eboReadStatus(reading, kEboDelaySection.bit, &untouched);
     if (status == EboStatus::Disabled) {
         ka_mem_safe_free(&delay, __func__);  // on purpose not free(), unlike the failures below

@@ -33,27 +33,28 @@ constexpr EboKeyRow kGscKeys[] = {
 
 }  // namespace
 
-const EboSection kEboBfSection =
-    eboSection<EboBeamFormParam>("bf", kBfKeys, EBO_PATH_BF, "bf != KA_NULL", "bf: not enable");
-const EboSection kEboFastAecSection = eboSwitch("fast_aec", kFastAecKeys, EBO_BF_FAST_AEC);
-const EboSection kEboGscSection = eboSwitch("gsc", kGscKeys, EBO_BF_GSC);
-const EboSection kEboWindSection = eboSwitch("wind", kWindKeys, EBO_BF_WIND);
+// clang-format off
+const EboSection kEboBfSection = {EBO_SECTION("bf", parseEboBfConfigs, kBfKeys, EboBeamFormParam, EBO_PATH_BF, "bf != KA_NULL"), 0, "bf: not enable"};
+const EboSection kEboFastAecSection = {EBO_SWITCH("fast_aec", parseEboFastAecConfigs, kFastAecKeys, EBO_BF_FAST_AEC)};
+const EboSection kEboGscSection = {EBO_SWITCH("gsc", parseEboGscConfigs, kGscKeys, EBO_BF_GSC)};
+const EboSection kEboWindSection = {EBO_SWITCH("wind", parseEboWindConfigs, kWindKeys, EBO_BF_WIND)};
+// clang-format on
 
 EboBeamFormParam* parseEboBfConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboBeamFormParam>(kEboBfSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboBeamFormParam>(parser, root, model_en, kEboBfSection);
 }
 
 int parseEboFastAecConfigs(void* parser, const char* root, int* model_en) {
-    return eboReadSwitch(kEboFastAecSection, parser, root, model_en, __func__, KA_NULL);
+    return eboReadSwitch(parser, root, model_en, kEboFastAecSection, KA_NULL);
 }
 
 int parseEboGscConfigs(void* parser, const char* root, int* model_en) {
     GscKeys gsc = {};
-    if (eboReadSwitch(kEboGscSection, parser, root, model_en, __func__, &gsc) != 0) return -1;
-    if (gsc.method == 1) *model_en |= EBO_BF_GSC_METHOD;  // whatever the status
+    if (eboReadSwitch(parser, root, model_en, kEboGscSection, &gsc) != 0) return -1;
+    if (gsc.method == 1) *model_en |= EBO_BF_GSC_METHOD;  // on purpose whatever the status
     return 0;
 }
 
 int parseEboWindConfigs(void* parser, const char* root, int* model_en) {
-    return eboReadSwitch(kEboWindSection, parser, root, model_en, __func__, KA_NULL);
+    return eboReadSwitch(parser, root, model_en, kEboWindSection, KA_NULL);
 }

@@ -4,15 +4,15 @@
 
 namespace {
 
-void reviewWords(const void* record, const char* function) {
-    if (static_cast<const EboWakeupParam*>(record)->wakeup_words != 0) return;
+void reviewWords(const EboWakeupParam& wakeup, const char* function) {
+    if (wakeup.wakeup_words != 0) return;
     ka_err(EBO_ERROR, EBO_RED("the wakeup word is 0, please configure it which you need\n"), function,
            __LINE__);
 }
 
 // The list offers mode 0 and the check refuses it, on purpose.
-void reviewMode(const void* record, const char* function) {
-    const int32_t mode = static_cast<const EboWakeupParam*>(record)->mode;
+void reviewMode(const EboWakeupParam& wakeup, const char* function) {
+    const int32_t mode = wakeup.mode;
     if (mode < 1 || mode > 3) {
         ka_err(EBO_ERROR, EBO_RED("Invalid mode: %d, please check mode follow these:"), function, __LINE__,
                mode);
@@ -24,14 +24,20 @@ void reviewMode(const void* record, const char* function) {
     ka_log(EBO_NOTICE, EBO_GREEN("Current wakeup mode is: %d\n"), function, __LINE__, mode);
 }
 
+void reviewWakeup(const EboSection& section, const EboKeyRow& row, const void* record) {
+    const auto& wakeup = *static_cast<const EboWakeupParam*>(record);
+    if (row.offset == offsetof(EboWakeupParam, wakeup_words)) reviewWords(wakeup, section.function);
+    if (row.offset == offsetof(EboWakeupParam, mode)) reviewMode(wakeup, section.function);
+}
+
 // clang-format off
 // Every key is optional here, the status included.
-#define WAKEUP(field, review) EBO_NUMBER_OPTIONAL(EboWakeupParam, field, review)
+#define WAKEUP(field) EBO_NUMBER_OPTIONAL(EboWakeupParam, field)
 constexpr EboKeyRow kWakeupKeys[] = {
     EBO_STATUS_OPTIONAL,
-    WAKEUP(wakeup_frames, nullptr),
-    WAKEUP(wakeup_words, reviewWords),
-    WAKEUP(mode, reviewMode),
+    WAKEUP(wakeup_frames),
+    WAKEUP(wakeup_words),
+    WAKEUP(mode),
     EBO_WORD_OPTIONAL(EboWakeupParam, model_word1),
     EBO_WORD_OPTIONAL(EboWakeupParam, model_word2),
 };
@@ -54,18 +60,18 @@ constexpr EboKeyRow kHowlKeys[] = {
 
 }  // namespace
 
-const EboSection kEboWakeupSection =
-    eboSection<EboWakeupParam>("wakeup", kWakeupKeys, EBO_BF_WAKEUP, "wakeup != KA_NULL");
-const EboSection kEboDoaSection = eboSection<EboDoaParam>("doa", kDoaKeys, EBO_BF_DOA, "doa != KA_NULL");
-const EboSection kEboHowlSection =
-    eboSection<EboHowlParam>("howl", kHowlKeys, EBO_BF_HOWL, "howl != KA_NULL", nullptr, EBO_RX_HOWL);
+// clang-format off
+const EboSection kEboWakeupSection = {EBO_SECTION("wakeup", parseEboWakeupConfigs, kWakeupKeys, EboWakeupParam, EBO_BF_WAKEUP, "wakeup != KA_NULL"), 0, nullptr, nullptr, reviewWakeup};
+const EboSection kEboDoaSection = {EBO_SECTION("doa", parseEboDoaConfigs, kDoaKeys, EboDoaParam, EBO_BF_DOA, "doa != KA_NULL")};
+const EboSection kEboHowlSection = {EBO_SECTION("howl", parseEboHowlConfigs, kHowlKeys, EboHowlParam, EBO_BF_HOWL, "howl != KA_NULL"), EBO_RX_HOWL};
+// clang-format on
 
-// Reads its keys by the bit in the mask, not by its own status: a bit that was set before counts too.
+// Reads its keys by the bit in the mask, on purpose not by its own status: a bit that was set before counts
+// too.
 EboWakeupParam* parseEboWakeupConfigs(void* parser, const char* root, int* model_en) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
-    const EboReading reading(kEboWakeupSection, parser, root, __func__);
-    auto* wakeup = static_cast<EboWakeupParam*>(
-        eboMakeRecord(kEboWakeupSection.recordSize, kEboWakeupSection.assertion, EBO_HERE));
+    const EboReading reading(kEboWakeupSection, parser, root);
+    auto* wakeup = static_cast<EboWakeupParam*>(eboMakeRecord(kEboWakeupSection));
     eboReadStatus(reading, kEboWakeupSection.bit, model_en);
     if ((*model_en & EBO_BF_WAKEUP) == 0) return wakeup;
 
@@ -75,9 +81,9 @@ EboWakeupParam* parseEboWakeupConfigs(void* parser, const char* root, int* model
 }
 
 EboDoaParam* parseEboDoaConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboDoaParam>(kEboDoaSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboDoaParam>(parser, root, model_en, kEboDoaSection);
 }
 
 EboHowlParam* parseEboHowlConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboHowlParam>(kEboHowlSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboHowlParam>(parser, root, model_en, kEboHowlSection);
 }

@@ -1,7 +1,7 @@
 // Sections "aes", "nlp" and "dtd": echo suppression, non-linear processing, double-talk detection.
 //
 // Rows of numbers are texts; a short row is not an error. What it does not supply stays zero, with two
-// exceptions that are stated where they are made.
+// exceptions that are stated where the texts are stored.
 #include <type_traits>
 
 #include "ebo_parse.h"
@@ -10,31 +10,11 @@
 
 namespace {
 
-void takeFloats(const EboKeyRow& row, const char* text, void* record, const char* /*function*/) {
-    auto* field = reinterpret_cast<float*>(static_cast<char*>(record) + row.offset);
-    EboScanner scanner(text);
-    for (uint8_t i = 0; i < row.count && scanner.real(&field[i]); ++i) {
-    }
-}
-
-// A second integer that the text does not supply is the upper half of the first, on purpose: the engine
-// relies on it.
-void takeIntPair(const EboKeyRow& row, const char* text, void* record, const char* /*function*/) {
-    auto* field = reinterpret_cast<int16_t*>(static_cast<char*>(record) + row.offset);
-    int32_t first = 0;
-    int32_t second = 0;
-    EboScanner scanner(text);
-    if (!scanner.integer(&first)) return;
-    if (!scanner.integer(&second)) second = static_cast<int32_t>(static_cast<uint32_t>(first) >> 16);
-    field[0] = static_cast<int16_t>(first);
-    field[1] = static_cast<int16_t>(second);
-}
-
 constexpr uint8_t kBands = std::extent_v<decltype(EboNlpParam::bands)>;
 
-// A super_est_factor that the text does not supply is the band's band_pass_thd, on purpose: both texts share
-// their scratch. A band_pass_thd that the text does not supply stays zero.
-void takeBands(const EboKeyRow& row, const char* text, void* record, const char* /*function*/) {
+// A super_est_factor that the text does not supply is the band's band_pass_thd, on purpose: what was read
+// first is still in the scratch. A band_pass_thd that the text does not supply stays zero.
+void takeBands(const EboSection& /*section*/, const EboKeyRow& row, const char* text, void* record) {
     auto* nlp = static_cast<EboNlpParam*>(record);
     int32_t scratch[kBands];
     for (size_t i = 0; i < kBands; ++i) scratch[i] = nlp->bands[i].band_pass_thd;
@@ -48,9 +28,9 @@ void takeBands(const EboKeyRow& row, const char* text, void* record, const char*
 
 // clang-format off
 #define AES(field, text) EBO_NUMBER(EboAesParam, field, text)
-#define AES_FLOATS(key, place, text) EBO_TEXT(key, FloatRow, std::extent_v<decltype(EboAesParam::place)>, offsetof(EboAesParam, place), takeFloats, text)
-#define AES_FLOATS_OF(key, table, r, text) EBO_TEXT(key, FloatRow, (std::extent_v<decltype(EboAesParam::table), 1>), offsetof(EboAesParam, table[r]), takeFloats, text)
-#define AES_PAIR_OF(key, table, r, text) EBO_TEXT(key, IntRow, 2, offsetof(EboAesParam, table[r]), takeIntPair, text)
+#define AES_FLOATS(key, place, text) EBO_TEXT(key, FloatRow, std::extent_v<decltype(EboAesParam::place)>, offsetof(EboAesParam, place), text)
+#define AES_FLOATS_OF(key, table, r, text) EBO_TEXT(key, FloatRow, (std::extent_v<decltype(EboAesParam::table), 1>), offsetof(EboAesParam, table[r]), text)
+#define AES_PAIR_OF(key, table, r, text) EBO_TEXT(key, IntRow, 2, offsetof(EboAesParam, table[r]), text)
 constexpr EboKeyRow kAesKeys[] = {
     EBO_STATUS("find aes status failed"),
     AES(beta_up, "find aes beta_up failed"),
@@ -81,8 +61,8 @@ constexpr EboKeyRow kAesKeys[] = {
 
 constexpr EboKeyRow kNlpKeys[] = {
     EBO_STATUS("find nlp status failed"),
-    EBO_TEXT("band_pass_thd", IntList, kBands, offsetof(EboNlpBand, band_pass_thd), takeBands, "find nlp band_pass_thd failed"),
-    EBO_TEXT("super_est_factor", IntList, kBands, offsetof(EboNlpBand, super_est_factor), takeBands, "find nlp super_est_factor failed"),
+    EBO_TEXT("band_pass_thd", IntList, kBands, offsetof(EboNlpBand, band_pass_thd), "find nlp band_pass_thd failed"),
+    EBO_TEXT("super_est_factor", IntList, kBands, offsetof(EboNlpBand, super_est_factor), "find nlp super_est_factor failed"),
 };
 
 #define DTD(field, text) EBO_NUMBER(EboDtdParam, field, text)
@@ -95,19 +75,21 @@ constexpr EboKeyRow kDtdKeys[] = {
 
 }  // namespace
 
-const EboSection kEboAesSection = eboSection<EboAesParam>("aes", kAesKeys, EBO_BF_AES, "aes != KA_NULL");
-const EboSection kEboNlpSection = eboSection<EboNlpParam>("nlp", kNlpKeys, EBO_BF_NLP, "nlp != KA_NULL");
+// clang-format off
+const EboSection kEboAesSection = {EBO_SECTION("aes", parseEboAesConfigs, kAesKeys, EboAesParam, EBO_BF_AES, "aes != KA_NULL")};
+const EboSection kEboNlpSection = {EBO_SECTION("nlp", parseEboNlpConfigs, kNlpKeys, EboNlpParam, EBO_BF_NLP, "nlp != KA_NULL"), 0, nullptr, takeBands};
 // The expression does not bear the section's name, on purpose.
-const EboSection kEboDtdSection = eboSection<EboDtdParam>("dtd", kDtdKeys, EBO_BF_DTD, "sdtd != KA_NULL");
+const EboSection kEboDtdSection = {EBO_SECTION("dtd", parseEboDtdConfigs, kDtdKeys, EboDtdParam, EBO_BF_DTD, "sdtd != KA_NULL")};
+// clang-format on
 
 EboAesParam* parseEboAesConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboAesParam>(kEboAesSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboAesParam>(parser, root, model_en, kEboAesSection);
 }
 
 EboNlpParam* parseEboNlpConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboNlpParam>(kEboNlpSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboNlpParam>(parser, root, model_en, kEboNlpSection);
 }
 
 EboDtdParam* parseEboDtdConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboDtdParam>(kEboDtdSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboDtdParam>(parser, root, model_en, kEboDtdSection);
 }

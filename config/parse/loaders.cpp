@@ -11,30 +11,30 @@ constexpr char kCaptureRoot[] = "ebo_configs";
 constexpr char kPlaybackRoot[] = "ebo_ao_configs";
 constexpr char kGainRoot[] = "ebo_agc_configs";
 
-bool loadAec(KAEboParam* ebo, void* parser, const char* root) {
+bool loadAec(void* parser, const char* root, KAEboParam* ebo) {
     ebo->aec = parseEboAecConfigs(parser, root, &ebo->model_en);
     return ebo->aec != KA_NULL;
 }
 
 // Never fails a load: without a record there is no delay estimation.
-bool loadDelay(KAEboParam* ebo, void* parser, const char* root) {
+bool loadDelay(void* parser, const char* root, KAEboParam* ebo) {
     ebo->aec->delay = parseEboDelayConfigs(parser, root, &ebo->model_en);
     if (ebo->aec->delay != KA_NULL) ebo->aec->model_aec_en |= EBO_AEC_DELAY;
     return true;
 }
 
-bool loadBf(KAEboParam* ebo, void* parser, const char* root) {
+bool loadBf(void* parser, const char* root, KAEboParam* ebo) {
     ebo->bf = parseEboBfConfigs(parser, root, &ebo->model_en);
     return ebo->bf != KA_NULL;
 }
 
 template <auto Read>
-bool loadSwitch(KAEboParam* ebo, void* parser, const char* root) {
+bool loadSwitch(void* parser, const char* root, KAEboParam* ebo) {
     return Read(parser, root, &ebo->bf->model_en) == 0;
 }
 
 template <auto Slot, auto Read>
-bool loadModule(KAEboParam* ebo, void* parser, const char* root) {
+bool loadModule(void* parser, const char* root, KAEboParam* ebo) {
     ebo->bf->*Slot = Read(parser, root, &ebo->bf->model_en);
     return ebo->bf->*Slot != KA_NULL;
 }
@@ -46,30 +46,30 @@ void freeIfSet(void* block) {
 // Releases what a failed load has built, block by block with free(). On purpose not the destroy functions:
 // the channel map, the wake-up words and the model path stay allocated.
 void abandon(KAEboParam* ebo) {
-    if (ebo->aec != KA_NULL) {
-        freeIfSet(ebo->aec->delay);
-        freeIfSet(ebo->aec);
+    if (EboAecParam* aec = ebo->aec; aec != KA_NULL) {
+        freeIfSet(aec->delay);
+        freeIfSet(aec);
     }
-    if (ebo->bf != KA_NULL) {
-        freeIfSet(ebo->bf->anr);
-        freeIfSet(ebo->bf->agc);
-        freeIfSet(ebo->bf->nlp);
-        freeIfSet(ebo->bf->dereverb);
-        freeIfSet(ebo->bf->cng);
-        freeIfSet(ebo->bf->dtd);
-        freeIfSet(ebo->bf->aes);
-        freeIfSet(ebo->bf->howl);
-        freeIfSet(ebo->bf->doa);
-        freeIfSet(ebo->bf->wakeup);
-        freeIfSet(ebo->bf->ainr);
-        freeIfSet(ebo->bf);
+    if (EboBeamFormParam* bf = ebo->bf; bf != KA_NULL) {
+        freeIfSet(bf->anr);
+        freeIfSet(bf->agc);
+        freeIfSet(bf->nlp);
+        freeIfSet(bf->dereverb);
+        freeIfSet(bf->cng);
+        freeIfSet(bf->dtd);
+        freeIfSet(bf->aes);
+        freeIfSet(bf->howl);
+        freeIfSet(bf->doa);
+        freeIfSet(bf->wakeup);
+        freeIfSet(bf->ainr);
+        freeIfSet(bf);
     }
     freeIfSet(ebo);
 }
 
 template <typename Record>
 Record* makeRecord(const char* assertion, const char* function, int line) {
-    return static_cast<Record*>(eboMakeRecord(sizeof(Record), assertion, function, line));
+    return static_cast<Record*>(eboMakeBlock(sizeof(Record), assertion, function, line));
 }
 
 }  // namespace
@@ -102,7 +102,7 @@ KAEboParam* parseEboConfigs(const char* path) {
     if (parser.parseFile(path) == 0) return KA_NULL;
     auto* ebo = makeRecord<KAEboParam>("ebo != KA_NULL", EBO_HERE);
     for (const EboLoadStep& step : kEboLoadOrder) {
-        if (!step.load(ebo, &parser, kCaptureRoot)) {
+        if (!step.load(&parser, kCaptureRoot, ebo)) {
             abandon(ebo);
             return KA_NULL;
         }
@@ -115,7 +115,7 @@ EboAecParam* parseEboAecConfigs(const char* path) {
     KAJsonParser parser;
     if (parser.parseFile(path) == 0) return KA_NULL;
     KAEboParam ebo = {};  // stands in for a root: its mask is lost
-    if (loadAec(&ebo, &parser, kCaptureRoot)) loadDelay(&ebo, &parser, kCaptureRoot);
+    if (loadAec(&parser, kCaptureRoot, &ebo)) loadDelay(&parser, kCaptureRoot, &ebo);
     return ebo.aec;
 }
 
@@ -125,8 +125,8 @@ EboBeamFormParam* parseEboBeamFormConfigs(const char* path) {
     KAJsonParser parser;
     if (parser.parseFile(path) == 0) return KA_NULL;
     KAEboParam ebo = {};  // stands in for a root: its mask is lost
-    if (!loadBf(&ebo, &parser, kCaptureRoot)) return KA_NULL;
-    for (size_t i = kBehindBf; i < kEboSectionCount; ++i) kEboLoadOrder[i].load(&ebo, &parser, kCaptureRoot);
+    if (!loadBf(&parser, kCaptureRoot, &ebo)) return KA_NULL;
+    for (size_t i = kBehindBf; i < kEboSectionCount; ++i) kEboLoadOrder[i].load(&parser, kCaptureRoot, &ebo);
     return ebo.bf;
 }
 

@@ -5,7 +5,7 @@
 namespace {
 
 // clang-format off
-// swU, the record's second field, is read fifth.
+// On purpose not the order of the fields: swU, the record's second, is read fifth.
 #define ANR(field, text) EBO_NUMBER(EboAnrParam, field, text)
 constexpr EboKeyRow kAnrKeys[] = {
     EBO_STATUS("find anr status failed"),
@@ -62,7 +62,7 @@ constexpr EboKeyRow kCngKeys[] = {
     CNG(fSpeechGain, "find cng fSpeechGain failed"),
 };
 
-// Not the order of the fields. sample_rate and frame_len have no key.
+// On purpose not the order of the fields. sample_rate and frame_len have no key.
 #define AGC(field, text) EBO_NUMBER(EboAgcParam, field, text)
 constexpr EboKeyRow kAgcKeys[] = {
     EBO_STATUS("find agc status failed"),
@@ -86,24 +86,23 @@ constexpr EboKeyRow kAgcKeys[] = {
 
 }  // namespace
 
-const EboSection kEboAnrSection =
-    eboSection<EboAnrParam>("anr", kAnrKeys, EBO_BF_ANR, "anr != KA_NULL", nullptr, EBO_RX_ANR);
-const EboSection kEboAinrSection =
-    eboSection<EboAiNRParam>("ainr", kAinrKeys, EBO_BF_AINR, "ainr != KA_NULL");
-const EboSection kEboDereverbSection =
-    eboSection<EboDereverbParam>("dereverb", kDereverbKeys, EBO_BF_DEREVERB, "dereverb != KA_NULL");
-const EboSection kEboCngSection = eboSection<EboCngParam>("cng", kCngKeys, EBO_BF_CNG, "cng != KA_NULL");
-const EboSection kEboAgcSection = eboSection<EboAgcParam>("agc", kAgcKeys, EBO_BF_AGC, "agc != KA_NULL");
+// clang-format off
+const EboSection kEboAnrSection = {EBO_SECTION("anr", parseEboAnrConfigs, kAnrKeys, EboAnrParam, EBO_BF_ANR, "anr != KA_NULL"), EBO_RX_ANR};
+const EboSection kEboAinrSection = {EBO_SECTION("ainr", parseEboAINRConfigs, kAinrKeys, EboAiNRParam, EBO_BF_AINR, "ainr != KA_NULL")};
+const EboSection kEboDereverbSection = {EBO_SECTION("dereverb", parseEboDereverbConfigs, kDereverbKeys, EboDereverbParam, EBO_BF_DEREVERB, "dereverb != KA_NULL")};
+const EboSection kEboCngSection = {EBO_SECTION("cng", parseEboCngConfigs, kCngKeys, EboCngParam, EBO_BF_CNG, "cng != KA_NULL")};
+const EboSection kEboAgcSection = {EBO_SECTION("agc", parseEboAgcConfigs, kAgcKeys, EboAgcParam, EBO_BF_AGC, "agc != KA_NULL")};
+// clang-format on
 
 EboAnrParam* parseEboAnrConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboAnrParam>(kEboAnrSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboAnrParam>(parser, root, model_en, kEboAnrSection);
 }
 
 // Only the status is required; the model path of a section that is not enabled is not looked at.
 EboAiNRParam* parseEboAINRConfigs(void* parser, const char* root, int* model_en) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
-    const EboReading reading(kEboAinrSection, parser, root, __func__);
-    void* ainr = eboMakeRecord(kEboAinrSection.recordSize, kEboAinrSection.assertion, EBO_HERE);
+    const EboReading reading(kEboAinrSection, parser, root);
+    void* ainr = eboMakeRecord(kEboAinrSection);
     const EboStatus status = eboReadStatus(reading, kEboAinrSection.bit, model_en);
     if (status == EboStatus::Missing) {
         ka_mem_safe_free(&ainr, __func__);  // on purpose not free(), unlike the other sections
@@ -114,18 +113,18 @@ EboAiNRParam* parseEboAINRConfigs(void* parser, const char* root, int* model_en)
 }
 
 EboDereverbParam* parseEboDereverbConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboDereverbParam>(kEboDereverbSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboDereverbParam>(parser, root, model_en, kEboDereverbSection);
 }
 
 EboCngParam* parseEboCngConfigs(void* parser, const char* root, int* model_en) {
-    return readSection<EboCngParam>(kEboCngSection, parser, root, model_en, EBO_HERE);
+    return readSection<EboCngParam>(parser, root, model_en, kEboCngSection);
 }
 
-// Unlike other sections, this one is read without a mask too: its bit is lost then.
+// On purpose, unlike other sections, read without a mask too: its bit is lost then.
 EboAgcParam* parseEboAgcConfigs(void* parser, const char* root, int* model_en) {
     int lost = 0;
     int* mask = model_en != KA_NULL ? model_en : &lost;
-    auto* agc = readSection<EboAgcParam>(kEboAgcSection, parser, root, mask, EBO_HERE);
+    auto* agc = readSection<EboAgcParam>(parser, root, mask, kEboAgcSection);
     if (agc == KA_NULL) return KA_NULL;
     agc->sample_rate = 16000;
     agc->frame_len = 256;

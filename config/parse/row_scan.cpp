@@ -12,13 +12,15 @@ bool isBlank(char c) {
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
 }
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+// The bit in which upper and lower case differ is set. Right for a comparison with small letters only.
+int lower(char c) {
+    return c | 0x20;
 }
 bool isHexDigit(char c) {
     return isDigit(c) || (lower(c) >= 'a' && lower(c) <= 'f');
 }
 
+// `word` is of small letters.
 bool startsWith(const char* at, const char* word) {
     for (; *word != '\0'; ++at, ++word) {
         if (lower(*at) != *word) return false;
@@ -29,7 +31,7 @@ bool startsWith(const char* at, const char* word) {
 // Whether a number that no float can hold is too large and not too small: the place of its first digit that
 // counts, moved by its exponent, lies before the point.
 bool isHuge(const char* first, const char* last, bool hex) {
-    int64_t place = 0;
+    ptrdiff_t place = 0;
     bool counts = false;
     bool fraction = false;
     const char* at = first;
@@ -47,7 +49,7 @@ bool isHuge(const char* first, const char* last, bool hex) {
         EboScanner scanner(at);
         scanner.integer(&exponent);
     }
-    return place * (hex ? 4 : 1) + exponent > 0;
+    return int64_t{place} * (hex ? 4 : 1) + exponent > 0;
 }
 
 // The nearest float to the number in [first, last), which has no sign.
@@ -106,7 +108,7 @@ const char* shortDecimal(const char* at, float* out) {
         decimals = end - fraction;
         digits += decimals;
     }
-    if (digits == 0 || digits > 7 || (*end | 0x20) == 'e' || (*end | 0x20) == 'x') return nullptr;
+    if (digits == 0 || digits > 7 || lower(*end) == 'e' || lower(*end) == 'x') return nullptr;
     *out = static_cast<float>(value) / kPowers[decimals];
     return end;
 }
@@ -130,7 +132,7 @@ const char* shortDecimal(const char* at, float* out) {
         if (lower(at[3]) != 'i') return at + 3;
         return startsWith(at, "infinity") ? at + 8 : nullptr;
     }
-    const bool hex = startsWith(at, "0x");
+    const bool hex = *at == '0' && lower(at[1]) == 'x';
     if (hex) at += 2;
     const char* const end = endOfNumber(at, hex);
     if (end != nullptr) *out = nearest(at, end, hex);

@@ -4,58 +4,63 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <type_traits>
 
 #include "ebo_log.h"
 #include "ebo_params.h"
 
 // What stands behind a key, and how it gets into the record.
-enum class EboKeyKind : uint8_t {
+enum class EboKeyKind : uint32_t {
     Status,      // text: "enable" in any case sets the section's bit; no field
     Int32,       // integer
     Int16,       // integer, of which the low 16 bits are stored
     Flag,        // integer, stored as 1 when it is not zero, else as 0
     Float,       // number
     FloatRow,    // text: `count` numbers separated by blanks
-    IntRow,      // text: `count` integers separated by blanks, of which the low 16 bits are stored
-    IntList,     // text: `count` integers separated by commas, of which the low 16 bits are stored
-    ChannelMap,  // text: "<number of channels> chn;map:<channel>,<channel> ...", `count` channels at the most
+    IntRow,      // text: two integers separated by blanks, of which the low 16 bits are stored
     Word,        // text, copied; an empty one counts as none
+    IntList,     // text: `count` integers separated by commas, stored by the section
+    ChannelMap,  // text: "<number of channels> chn;map:<channel>,<channel> ...", `count` channels at the most,
+                 // stored by the section
 };
 
 // One key, read top to bottom: the order of the rows is the order of the lookups and so of the error
-// messages. `function` is the name of the reader, for log lines.
+// messages. The numbers are packed for the flash of a device; a value that does not fit does not compile.
 struct EboKeyRow {
-    // Stores a text in the record.
-    using Take = void (*)(const EboKeyRow& row, const char* text, void* record, const char* function);
-    // Looks at the record when the key's turn is over, found or not.
-    using Review = void (*)(const void* record, const char* function);
-
     const char* key;      // spelling in the tuning file
     const char* missing;  // whole log format for a missing key; null: the key is optional
-    Take take;            // kinds of text other than the status
-    Review review;        // null: nothing to look at
-    uint16_t offset;      // of the field in the section's record
-    uint16_t line;        // the row's own source line: the log points at the row
-    EboKeyKind kind;
-    uint8_t count;  // numbers in the text
+    EboKeyKind kind : 6;
+    uint32_t count : 6;    // numbers in the text
+    uint32_t offset : 10;  // of the field in the section's record
+    uint32_t line : 10;    // the row's own source line: the log points at the row
 };
 
 struct EboSection {
+    // Stores the text of a list or a map in the record.
+    using Take = void (*)(const EboSection& section, const EboKeyRow& row, const char* text, void* record);
+    // Looks at the record when a key's turn is over, found or not.
+    using Review = void (*)(const EboSection& section, const EboKeyRow& row, const void* record);
+
     const char* name;       // spelling in the tuning file
+    const char* function;   // name of the section's reader, for log lines
     const EboKeyRow* rows;  // the first is the status
-    uint16_t rowCount;
-    uint16_t recordSize;     // bytes
-    const char* assertion;   // expression that fails when the record cannot be allocated; null: no record
-    const char* notEnabled;  // information line about a disabled section; null: nothing is said
-    int32_t bit;             // of an enabled section
-    int32_t playbackBit;     // the same under "ebo_ao_configs"; 0: no different
+    uint32_t rowCount : 8;
+    uint32_t recordSize : 12;  // bytes
+    uint32_t line : 12;        // of the section itself, for log lines that are no key's
+    int32_t bit;               // of an enabled section
+    const char* assertion;     // expression that fails when the record cannot be allocated; null: no record
+    // What only some sections have.
+    int32_t playbackBit = 0;           // the bit under "ebo_ao_configs"; 0: no different
+    const char* notEnabled = nullptr;  // information line about a disabled section; null: nothing is said
+    Take take = nullptr;               // null: no lists or maps
+    Review review = nullptr;           // null: nothing to look at
 };
 
 // The seventeen sections of "ebo_configs" in the order in which a whole file is read.
 struct EboLoadStep {
     const EboSection* section;
-    bool (*load)(KAEboParam* ebo, void* parser, const char* root);  // false: the whole load fails
+    bool (*load)(void* parser, const char* root, KAEboParam* ebo);  // false: the whole load fails
 };
 constexpr size_t kEboSectionCount = 17;
 extern const EboLoadStep kEboLoadOrder[kEboSectionCount];
@@ -90,16 +95,15 @@ constexpr EboKeyKind eboKindOf() {
 
 // Constructors of rows. A row stands on one source line, so that its line is its own.
 // clang-format off
-#define EBO_STATUS(text)                               {"status", EBO_RED(text), nullptr, nullptr, 0, __LINE__, EboKeyKind::Status, 0}
-#define EBO_STATUS_OPTIONAL                            {"status", nullptr, nullptr, nullptr, 0, __LINE__, EboKeyKind::Status, 0}
-#define EBO_NUMBER(Record, field, text)                {#field, EBO_RED(text), nullptr, nullptr, offsetof(Record, field), __LINE__, eboKindOf<decltype(Record::field)>(), 0}
-#define EBO_NUMBER_OPTIONAL(Record, field, review)     {#field, nullptr, nullptr, review, offsetof(Record, field), __LINE__, eboKindOf<decltype(Record::field)>(), 0}
-#define EBO_FLAG(Record, field, text)                  {#field, EBO_RED(text), nullptr, nullptr, offsetof(Record, field), __LINE__, EboKeyKind::Flag, 0}
-#define EBO_WORD_OPTIONAL(Record, field)               {#field, nullptr, eboTakeWord, nullptr, offsetof(Record, field), __LINE__, EboKeyKind::Word, 0}
-#define EBO_TEXT(key, kind, count, offset, take, text) {key, EBO_RED(text), take, nullptr, offset, __LINE__, EboKeyKind::kind, count}
-#define EBO_TEXT_OPTIONAL(key, kind, count, offset, take) {key, nullptr, take, nullptr, offset, __LINE__, EboKeyKind::kind, count}
+#define EBO_STATUS(text)                         {"status", EBO_RED(text), EboKeyKind::Status, 0, 0, __LINE__}
+#define EBO_STATUS_OPTIONAL                      {"status", nullptr, EboKeyKind::Status, 0, 0, __LINE__}
+#define EBO_NUMBER(Record, field, text)          {#field, EBO_RED(text), eboKindOf<decltype(Record::field)>(), 0, offsetof(Record, field), __LINE__}
+#define EBO_NUMBER_OPTIONAL(Record, field)       {#field, nullptr, eboKindOf<decltype(Record::field)>(), 0, offsetof(Record, field), __LINE__}
+#define EBO_FLAG(Record, field, text)            {#field, EBO_RED(text), EboKeyKind::Flag, 0, offsetof(Record, field), __LINE__}
+#define EBO_WORD_OPTIONAL(Record, field)         {#field, nullptr, EboKeyKind::Word, 0, offsetof(Record, field), __LINE__}
+#define EBO_TEXT(key, kind, count, offset, text) {key, EBO_RED(text), EboKeyKind::kind, count, offset, __LINE__}
+#define EBO_TEXT_OPTIONAL(key, kind, count, offset) {key, nullptr, EboKeyKind::kind, count, offset, __LINE__}
+// Constructors of sections: what all of them have.
+#define EBO_SECTION(name, function, rows, Record, bit, assertion) name, #function, rows, std::size(rows), sizeof(Record), __LINE__, bit, assertion
+#define EBO_SWITCH(name, function, rows, bit)                     name, #function, rows, std::size(rows), 0, __LINE__, bit, nullptr
 // clang-format on
-
-// Stores a private copy of the text, which the record owns, in a `char*` field; an empty text leaves null
-// there.
-void eboTakeWord(const EboKeyRow& row, const char* text, void* record, const char* function);

@@ -3,51 +3,87 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "row_scan.h"
+
 namespace {
 
 // A row's message is the complete literal of its table, so the format is not a literal here.
-void reportMissing(const EboReading& reading, const EboKeyRow& row) {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"
-    ka_err(EBO_ERROR, row.missing, reading.function, row.line);
+void reportMissing(const EboSection& section, const EboKeyRow& row) {
+    ka_err(EBO_ERROR, row.missing, section.function, static_cast<int>(row.line));
+}
 #pragma GCC diagnostic pop
+
+// The low 16 bits.
+int16_t narrow(int32_t value) {
+    return static_cast<int16_t>(value);
 }
 
-// The only place where integers are stored, and so narrowed.
 void storeInt(EboKeyKind kind, int value, void* field) {
     if (kind == EboKeyKind::Flag) value = value != 0 ? 1 : 0;
     if (kind == EboKeyKind::Int16) {
-        *static_cast<int16_t*>(field) = static_cast<int16_t>(value);
+        *static_cast<int16_t*>(field) = narrow(value);
     } else {
         *static_cast<int32_t*>(field) = value;
     }
 }
 
+void storeFloats(const char* text, size_t count, float* field) {
+    EboScanner scanner(text);
+    for (size_t i = 0; i < count && scanner.real(&field[i]); ++i) {
+    }
+}
+
+// A second integer that the text does not supply is the upper half of the first, on purpose.
+void storePair(const char* text, int16_t* field) {
+    int32_t first = 0;
+    int32_t second = 0;
+    EboScanner scanner(text);
+    if (!scanner.integer(&first)) return;
+    if (!scanner.integer(&second)) second = static_cast<int32_t>(static_cast<uint32_t>(first) >> 16);
+    field[0] = narrow(first);
+    field[1] = narrow(second);
+}
+
+void* fieldOf(const EboKeyRow& row, void* record) {
+    return static_cast<char*>(record) + row.offset;
+}
+
 bool findAndStore(const EboReading& reading, const EboKeyRow& row, void* record) {
-    void* field = static_cast<char*>(record) + row.offset;
     switch (row.kind) {
         case EboKeyKind::Int32:
         case EboKeyKind::Int16:
         case EboKeyKind::Flag: {
             int value = 0;
             if (!reading.keys.findInt32(row.key, &value)) return false;
-            storeInt(row.kind, value, field);
+            storeInt(row.kind, value, fieldOf(row, record));
             return true;
         }
         case EboKeyKind::Float: {
             float value = 0.0F;
             if (!reading.keys.findFloat(row.key, &value)) return false;
-            *static_cast<float*>(field) = value;
+            *static_cast<float*>(fieldOf(row, record)) = value;
             return true;
         }
         default: {
             const char* text = KA_NULL;
             if (!reading.keys.findCString(row.key, &text)) return false;
-            row.take(row, text, record, reading.function);
+            eboStoreText(reading.section, row, text, record);
             return true;
         }
     }
+}
+
+bool readKey(const EboReading& reading, const EboKeyRow& row, void* record) {
+    const EboSection& section = reading.section;
+    if (!findAndStore(reading, row, record) && row.missing != KA_NULL) {
+        reportMissing(section, row);
+        return false;
+    }
+    if (section.review != KA_NULL) section.review(section, row, record);
+    return true;
 }
 
 // The bit that an enabled section sets under this root.
@@ -56,19 +92,9 @@ int32_t bitUnder(const EboSection& section, const char* root) {
     return section.playbackBit;
 }
 
-bool readKey(const EboReading& reading, const EboKeyRow& row, void* record) {
-    if (!findAndStore(reading, row, record) && row.missing != KA_NULL) {
-        reportMissing(reading, row);
-        return false;
-    }
-    if (row.review != KA_NULL) row.review(record, reading.function);
-    return true;
-}
-
 }  // namespace
 
-EboReading::EboReading(const EboSection& section_, void* parser, const char* root, const char* function_)
-    : section(section_), function(function_) {
+EboReading::EboReading(const EboSection& section_, void* parser, const char* root) : section(section_) {
     static_cast<KAJsonParser*>(parser)->getOptions(root, section.name, &keys);
 }
 
@@ -77,20 +103,15 @@ EboStatus eboReadStatus(const EboReading& reading, int32_t bit, int* model_en) {
     const EboKeyRow& row = section.rows[0];
     const char* status = KA_NULL;
     if (!reading.keys.findCString(row.key, &status)) {
-        if (row.missing != KA_NULL) reportMissing(reading, row);
+        if (row.missing != KA_NULL) reportMissing(section, row);
         return EboStatus::Missing;
     }
     if (util_strcasecmp(status, "enable") == 0) {
         *model_en |= bit;
         return EboStatus::Enabled;
     }
-    if (section.notEnabled != KA_NULL) {
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-#pragma GCC diagnostic ignored "-Wformat-security"
-        ka_log(EBO_INFO, section.notEnabled, reading.function, row.line);
-#pragma GCC diagnostic pop
-    }
+    if (section.notEnabled != KA_NULL)
+        eboLogLine(section.notEnabled, section.function, static_cast<int>(section.line));
     return EboStatus::Disabled;
 }
 
@@ -102,35 +123,48 @@ bool eboReadKeys(const EboReading& reading, void* record) {
     return true;
 }
 
-void* eboMakeRecord(size_t size, const char* assertion, const char* function, int line) {
-    void* record = ka_mem_malloc(size, function);
-    if (record == KA_NULL) eboAssertFailed(assertion, function, line);
-    ka_memset(record, 0, size);
-    return record;
+void eboStoreText(const EboSection& section, const EboKeyRow& row, const char* text, void* record) {
+    void* const field = fieldOf(row, record);
+    switch (row.kind) {
+        case EboKeyKind::FloatRow:
+            return storeFloats(text, row.count, static_cast<float*>(field));
+        case EboKeyKind::IntRow:
+            return storePair(text, static_cast<int16_t*>(field));
+        case EboKeyKind::Word:
+            if (text[0] != '\0') *static_cast<char**>(field) = strdup(text);
+            return;
+        default:
+            return section.take(section, row, text, record);
+    }
 }
 
-void* eboReadSection(const EboSection& section, void* parser, const char* root, int* model_en,
-                     const char* function, int line) {
+void* eboMakeBlock(size_t size, const char* assertion, const char* function, int line) {
+    void* block = ka_mem_malloc(size, function);
+    if (block == KA_NULL) eboAssertFailed(assertion, function, line);
+    ka_memset(block, 0, size);
+    return block;
+}
+
+void* eboMakeRecord(const EboSection& section) {
+    return eboMakeBlock(section.recordSize, section.assertion, section.function,
+                        static_cast<int>(section.line));
+}
+
+void* eboReadSection(void* parser, const char* root, int* model_en, const EboSection& section) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
     const int32_t bit = bitUnder(section, root);
-    const EboReading reading(section, parser, root, function);
-    void* record = eboMakeRecord(section.recordSize, section.assertion, function, line);
+    const EboReading reading(section, parser, root);
+    void* record = eboMakeRecord(section);
     if (eboReadStatus(reading, bit, model_en) == EboStatus::Missing || !eboReadKeys(reading, record)) {
-        std::free(record);  // on purpose not ka_mem_safe_free, here and on every failure of a section
+        std::free(record);  // on purpose not ka_mem_safe_free
         return KA_NULL;
     }
     return record;
 }
 
-int eboReadSwitch(const EboSection& section, void* parser, const char* root, int* model_en,
-                  const char* function, void* keys) {
+int eboReadSwitch(void* parser, const char* root, int* model_en, const EboSection& section, void* keys) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return -1;
-    const EboReading reading(section, parser, root, function);
+    const EboReading reading(section, parser, root);
     if (eboReadStatus(reading, section.bit, model_en) == EboStatus::Missing) return -1;
     return eboReadKeys(reading, keys) ? 0 : -1;
-}
-
-void eboTakeWord(const EboKeyRow& row, const char* text, void* record, const char* /*function*/) {
-    if (text[0] == '\0') return;
-    *reinterpret_cast<char**>(static_cast<char*>(record) + row.offset) = strdup(text);
 }

@@ -56,7 +56,7 @@ private:
 // This framework's takes strict JSON (RFC 8259), UTF-8 without a byte order mark, in regular files of up to 64 MiB.
 class KAJsonParser {
 public:
-    KAJsonParser() = default;
+    KAJsonParser();
     ~KAJsonParser();  // runs after success and failure alike
     KAJsonParser(const KAJsonParser&) = delete;
     KAJsonParser& operator=(const KAJsonParser&) = delete;

@@ -14,6 +14,8 @@ constexpr char kTag[] = "KAJsonParser";
 
 }  // namespace
 
+KAJsonParser::KAJsonParser() = default;
+
 KAJsonParser::~KAJsonParser() {
     close();
 }
