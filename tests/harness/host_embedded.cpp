@@ -1,28 +1,15 @@
 #include <gtest/gtest.h>
 #include <ka/log_sink.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <cstdio>
 
 #include "harness/host.h"
-
-#if defined(__SANITIZE_ADDRESS__)
-#define EBO_LEAKS_ARE_SEEN
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define EBO_LEAKS_ARE_SEEN
-#endif
-#endif
-#ifdef EBO_LEAKS_ARE_SEEN
-#include <sanitizer/lsan_interface.h>
-#endif
+#include "harness/real_process.h"
 
 struct Host::State {
-    std::vector<int> files;
+    RealProcess process;
     std::vector<LogCall> log;
     bool echo = false;
-    bool leaks = false;
     State* former = nullptr;
 };
 
@@ -56,21 +43,12 @@ Host::Host() : state_(new State) {
     t_host = state_.get();
 }
 
-// Leaks are the sanitizer's to find.
 Host::~Host() {
     t_host = state_->former;
-#ifdef EBO_LEAKS_ARE_SEEN
-    if (state_->leaks) __lsan_enable();
-#endif
-    for (const int file : state_->files) close(file);
 }
 
-// In memory: a death test leaves no file behind.
 std::string Host::file(const std::string& text) {
-    const int file = memfd_create("document.json", MFD_CLOEXEC);
-    EXPECT_EQ(write(file, text.data(), text.size()), static_cast<ssize_t>(text.size()));
-    state_->files.push_back(file);
-    return "/proc/self/fd/" + std::to_string(file);
+    return state_->process.file(text);
 }
 
 std::vector<LogCall> Host::log() const {
@@ -86,8 +64,5 @@ void Host::echo() {
 }
 
 void Host::expectLeaks(int) {
-#ifdef EBO_LEAKS_ARE_SEEN
-    if (!state_->leaks) __lsan_disable();
-#endif
-    state_->leaks = true;
+    state_->process.expectLeaks();
 }

@@ -1,0 +1,97 @@
+#include <json-c/json.h>
+#include <locale.h>
+
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <limits>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "ka/framework.h"
+
+namespace {
+
+json_object* find(json_object* object, const char* key) {
+    json_object* value = nullptr;
+    if (key != nullptr && json_object_is_type(object, json_type_object))
+        json_object_object_get_ex(object, key, &value);
+    return value;
+}
+
+void report(const char* path, const char* reason) {
+    ka_err(0, 2, "KAJsonParser", "%s: %s", "parseFile", __LINE__, path, reason);
+}
+
+}  // namespace
+
+KaMetaData::~KaMetaData() {
+    json_object_put(section_);
+}
+
+bool KaMetaData::findInt32(const char* key, int* out) const {
+    json_object* const value = find(section_, key);
+    if (!json_object_is_type(value, json_type_int)) return false;
+    const int64_t number = json_object_get_int64(value);
+    if (number < std::numeric_limits<int32_t>::min() || number > std::numeric_limits<int32_t>::max())
+        return false;
+    *out = static_cast<int>(number);
+    return true;
+}
+
+// From the text of the number: by way of a double it would be rounded twice.
+bool KaMetaData::findFloat(const char* key, float* out) const {
+    json_object* const value = find(section_, key);
+    if (!json_object_is_type(value, json_type_int) && !json_object_is_type(value, json_type_double))
+        return false;
+    static const locale_t c = newlocale(LC_ALL_MASK, "C", nullptr);
+    *out = strtof_l(json_object_get_string(value), nullptr, c);
+    return true;
+}
+
+bool KaMetaData::findCString(const char* key, const char** out) const {
+    json_object* const value = find(section_, key);
+    if (!json_object_is_type(value, json_type_string)) return false;
+    *out = json_object_get_string(value);
+    return true;
+}
+
+KAJsonParser::~KAJsonParser() {
+    json_object_put(document_);
+}
+
+int KAJsonParser::parseFile(const char* path) {
+    json_object_put(document_);
+    document_ = nullptr;
+    if (path == nullptr) return 0;
+
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream content;
+    content << file.rdbuf();
+    const std::string text = content.str();
+    if (!file.is_open() || content.bad() || text.size() > std::numeric_limits<int>::max() / 2) {
+        report(path, "cannot be read");
+        return 0;
+    }
+    const std::unique_ptr<json_tokener, void (*)(json_tokener*)> tokener(json_tokener_new(),
+                                                                         json_tokener_free);
+    if (tokener == nullptr) return 0;
+    json_tokener_set_flags(tokener.get(), JSON_TOKENER_STRICT | JSON_TOKENER_VALIDATE_UTF8);
+    document_ = json_tokener_parse_ex(tokener.get(), text.c_str(), static_cast<int>(text.size()));
+    if (json_object_is_type(document_, json_type_object)) return 1;
+
+    const json_tokener_error error = json_tokener_get_error(tokener.get());
+    report(path, error == json_tokener_success ? "is not an object" : json_tokener_error_desc(error));
+    json_object_put(document_);
+    document_ = nullptr;
+    return 0;
+}
+
+int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* out) {
+    json_object* const keys = find(find(document_, root), section);
+    const bool found = json_object_is_type(keys, json_type_object);
+    json_object_put(out->section_);
+    out->section_ = found ? json_object_get(keys) : nullptr;
+    return found ? 1 : 0;
+}
