@@ -14,7 +14,8 @@ constexpr size_t forPointers(size_t bits32, size_t bits64) {
 #define OFFSET(Record, field, bits32, bits64) \
     static_assert(offsetof(Record, field) == forPointers(bits32, bits64), "offset of " #Record "::" #field)
 
-// clang-format off: one field, one line
+// One field, one line.
+// clang-format off
 SIZE(EboDelayParam, 20, 20);
 OFFSET(EboDelayParam, MaxFrame, 0, 0);
 OFFSET(EboDelayParam, LeastDelay, 2, 2);

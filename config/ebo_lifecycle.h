@@ -32,7 +32,7 @@ EboBeamFormParam* createEboBeamFormConfig();
 void destroyEboBeamFormConfig(EboBeamFormParam** bf);
 
 // `anr` is left null when it could not be allocated.
-EboRxParam* createEboRxconfig();
+EboRxParam* createEboRxconfig();  // the small c here, and below, on purpose: names are an interface
 void destroyEboRxConfig(EboRxParam** rx);
 
 EboAnrParam* createEboAnrConfig();  // the first five fields only

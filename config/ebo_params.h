@@ -68,7 +68,7 @@ struct EboDelayParam {
 // Section "wakeup": wake-word detection.
 struct EboWakeupParam {
     int32_t mode;  // "mode": 1 oneshot only, 2 wakeup + command, 3 both; any other is reported and kept
-    int32_t wakeup_frames;  // "wakeup_frames": a count of frames; 180 when enabled without the key
+    int32_t wakeup_frames;  // "wakeup_frames": a count of frames; 180 when missing from keys that are read
     int32_t wakeup_words;   // "wakeup_words": number of wake words
     char* model_word1;      // "model_word1": null when missing or empty
     char* model_word2;      // "model_word2": null when missing or empty
@@ -177,7 +177,7 @@ struct EboDtdParam {
     float ksiThd_low;   // "ksiThd_low": lower threshold, not required to lie below the upper
 };
 
-// Section "agc": automatic gain control. The order of the fields is not the order of the keys.
+// Section "agc": automatic gain control. On purpose not in the order of the keys.
 struct EboAgcParam {
     float attack_time;     // "attack_time"
     float release_time;    // "release_time"

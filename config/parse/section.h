@@ -30,10 +30,10 @@ enum class EboKeyKind : uint32_t {
 struct EboKeyRow {
     const char* key;      // spelling in the tuning file
     const char* missing;  // whole log format for a missing key; null: the key is optional
-    EboKeyKind kind : 6;
-    uint32_t count : 6;    // numbers in the text
-    uint32_t offset : 10;  // of the field in the section's record
-    uint32_t line : 10;    // the row's own source line: the log points at the row
+    EboKeyKind kind : 8;
+    uint32_t count : 5;   // numbers in the text
+    uint32_t line : 10;   // the row's own source line: the log points at the row
+    uint32_t offset : 9;  // of the field in the section's record
 };
 
 struct EboSection {
@@ -95,14 +95,14 @@ constexpr EboKeyKind eboKindOf() {
 
 // Constructors of rows. A row stands on one source line, so that its line is its own.
 // clang-format off
-#define EBO_STATUS(text)                         {"status", EBO_RED(text), EboKeyKind::Status, 0, 0, __LINE__}
-#define EBO_STATUS_OPTIONAL                      {"status", nullptr, EboKeyKind::Status, 0, 0, __LINE__}
-#define EBO_NUMBER(Record, field, text)          {#field, EBO_RED(text), eboKindOf<decltype(Record::field)>(), 0, offsetof(Record, field), __LINE__}
-#define EBO_NUMBER_OPTIONAL(Record, field)       {#field, nullptr, eboKindOf<decltype(Record::field)>(), 0, offsetof(Record, field), __LINE__}
-#define EBO_FLAG(Record, field, text)            {#field, EBO_RED(text), EboKeyKind::Flag, 0, offsetof(Record, field), __LINE__}
-#define EBO_WORD_OPTIONAL(Record, field)         {#field, nullptr, EboKeyKind::Word, 0, offsetof(Record, field), __LINE__}
-#define EBO_TEXT(key, kind, count, offset, text) {key, EBO_RED(text), EboKeyKind::kind, count, offset, __LINE__}
-#define EBO_TEXT_OPTIONAL(key, kind, count, offset) {key, nullptr, EboKeyKind::kind, count, offset, __LINE__}
+#define EBO_STATUS(text)                         {"status", EBO_RED(text), EboKeyKind::Status, 0, __LINE__, 0}
+#define EBO_STATUS_OPTIONAL                      {"status", nullptr, EboKeyKind::Status, 0, __LINE__, 0}
+#define EBO_NUMBER(Record, field, text)          {#field, EBO_RED(text), eboKindOf<decltype(Record::field)>(), 0, __LINE__, offsetof(Record, field)}
+#define EBO_NUMBER_OPTIONAL(Record, field)       {#field, nullptr, eboKindOf<decltype(Record::field)>(), 0, __LINE__, offsetof(Record, field)}
+#define EBO_FLAG(Record, field, text)            {#field, EBO_RED(text), EboKeyKind::Flag, 0, __LINE__, offsetof(Record, field)}
+#define EBO_WORD_OPTIONAL(Record, field)         {#field, nullptr, EboKeyKind::Word, 0, __LINE__, offsetof(Record, field)}
+#define EBO_TEXT(key, kind, count, offset, text) {key, EBO_RED(text), EboKeyKind::kind, count, __LINE__, offset}
+#define EBO_TEXT_OPTIONAL(key, kind, count, offset) {key, nullptr, EboKeyKind::kind, count, __LINE__, offset}
 // Constructors of sections: what all of them have.
 #define EBO_SECTION(name, function, rows, Record, bit, assertion) name, #function, rows, std::size(rows), sizeof(Record), __LINE__, bit, assertion
 #define EBO_SWITCH(name, function, rows, bit)                     name, #function, rows, std::size(rows), 0, __LINE__, bit, nullptr
