@@ -5,7 +5,8 @@
 
 // All values go to the engine unchanged. Units stand where they are known; where the engine alone knows what a value
 // does, the text reads the name and claims no more.
-// clang-format off: one key, one line
+// One key, one line.
+// clang-format off
 const Meaning kMeanings[] = {
     {"aec", nullptr, "Echo canceller: reference, lengths and the map of the microphone channels"},
     {"aec", "mic_chn_map",

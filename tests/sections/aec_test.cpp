@@ -8,7 +8,8 @@ struct Map {
     std::vector<int16_t> entries;
 };
 
-// clang-format off: one map, one line
+// One map, one line.
+// clang-format off
 const Map kMaps[] = {
     {"two_channels", "2 chn;map:1,0", {1, 0}},
     {"sixteen_channels",

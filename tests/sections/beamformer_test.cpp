@@ -37,7 +37,8 @@ struct Switch {
     const char* message;  // null: it does not fail
 };
 
-// clang-format off: one document, one line
+// One document, one line.
+// clang-format off
 const Switch kSwitches[] = {
     {"gsc_disabled_with_method_1", "gsc", {{"status", "disable"}, {"method", 1}}, 0x100, nullptr},
     {"gsc_enabled_with_method_1", "gsc", {{"status", "enable"}, {"method", 1}}, 0x180, nullptr},

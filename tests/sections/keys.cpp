@@ -22,7 +22,8 @@ constexpr Field bands = {readBands<Member>, Kind::Row};
 
 }  // namespace
 
-// clang-format off: one key, one line
+// One key, one line.
+// clang-format off
 const std::vector<Key>& allKeys() {
     static const std::vector<Key> keys = {
         {"aec", "status", Call::CString, "find aec status failed", "enable", kNoField},

@@ -13,7 +13,8 @@ struct Row {
 
 class RowText : public testing::TestWithParam<Row> {};
 
-// clang-format off: one text, one line
+// One text, one line.
+// clang-format off
 const Row kRows[] = {
     {"single_blanks", "aes", "LimitRatio_0", "1 2 3", {1, 2, 3}},
     {"tab_and_newline", "aes", "LimitRatio_0", "1\t2\n3", {1, 2, 3}},

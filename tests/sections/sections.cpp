@@ -37,7 +37,8 @@ constexpr Reader toggle = {[](void* parser, const char* root, int* model_en) {
 
 }  // namespace
 
-// clang-format off: one section, one line
+// One section, one line.
+// clang-format off
 const std::vector<Section>& allSections() {
     static const std::vector<Section> sections = {
         {"aec", "parseEboAecConfigs", 0x1, "aec != KA_NULL", Op::Free, "aec: not enable",

@@ -55,7 +55,8 @@ json with(const char* key, const json& value) {
     return keys;
 }
 
-// clang-format off: one document, one line
+// One document, one line.
+// clang-format off
 const Wakeup kWakeups[] = {
     {"no_key", json::object(), 0, 180, 0, nullptr, nullptr},
     {"mode_minus_1", with("mode", -1), -1, 180, 1, nullptr, nullptr},
