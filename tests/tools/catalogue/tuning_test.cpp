@@ -87,6 +87,7 @@ TEST(Tuning, SaysInTheLoadersWordsWhyAFileDoesNotLoad) {
         if (at != std::string::npos) why.replace(at, file.size(), "FILE");
         EXPECT_THAT(why, testing::StartsWith(c.why));
     }
+    unlink(file.c_str());
 }
 
 // Loads `text` through a pipe; its name is put in place of FILE in `why`.
@@ -126,6 +127,7 @@ TEST(Tuning, LeavesSectionsThatFailOutOfTheBeamformersPart) {
     EXPECT_EQ(load.tuning.capture->model_en, EBO_PATH_BF);
     EXPECT_FALSE(loadTuning(file, Part::Aec).loaded);
     EXPECT_FALSE(loadTuning(file, Part::File).loaded);
+    unlink(file.c_str());
 }
 
 }  // namespace
