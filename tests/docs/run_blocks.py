@@ -1,0 +1,112 @@
+#!/usr/bin/env python3
+"""Runs the code blocks of a Markdown document, in order, in a scratch folder.
+
+    run_blocks.py DOCUMENT SCRATCH
+
+A fenced block whose first line names a path behind its language is written to that path. Blocks of `sh` are run by one
+shell, which stops at the first command that fails; a block of `text` behind one is the end of what it prints. A block
+of `json` is a piece of a tuning file: laid over the main example it must pass the check. Blocks without a fence are
+commands, or CMake that builds the program of the document's last block of `cpp`, or drawings. A block of any other kind
+fails the document.
+"""
+import json
+import re
+import shutil
+import subprocess
+import sys
+from pathlib import Path
+
+document, scratch = Path(sys.argv[1]), Path(sys.argv[2])
+
+
+def fail(line, reason):
+    sys.exit(f"{document}:{line}: {reason}")
+
+
+def kind_of(text):
+    if re.match(r"\w+\(", text):
+        return "cmake"
+    word = text.split()[0]
+    return "sh" if "/" in word or shutil.which(word) else "drawing"
+
+
+def blocks():
+    """(line, language, path, text) of each block."""
+    lines = document.read_text().splitlines()
+    at = 0
+    while at < len(lines):
+        start = at
+        if fence := re.match(r"```(\S*) *(.*)$", lines[at]):
+            while lines[at := at + 1] != "```":
+                pass
+            yield start + 1, fence[1], fence[2], "\n".join(lines[start + 1 : at]) + "\n"
+        elif lines[at].startswith("    ") and (at == 0 or not lines[at - 1]):
+            while at + 1 < len(lines) and (lines[at + 1].startswith("    ") or not lines[at + 1]):
+                at += 1
+            text = re.sub("^    ", "", "\n".join(lines[start : at + 1]), flags=re.M).rstrip() + "\n"
+            yield start + 1, kind_of(text), "", text
+        at += 1
+
+
+def laid_over(base, piece):
+    if not isinstance(base, dict) or not isinstance(piece, dict):
+        return piece
+    return {**base, **{key: laid_over(base.get(key), value) for key, value in piece.items()}}
+
+
+class Shell:
+    """One bash for all blocks of a document, so that what one of them exports is there in the next."""
+
+    def __init__(self):
+        self.process = subprocess.Popen(
+            ["bash"], cwd=scratch, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        self.run("set -euo pipefail\n")
+
+    def run(self, commands):
+        """What the commands print; None, after showing it, when one of them failed."""
+        self.process.stdin.write(f"{{\n{commands}\n}} </dev/null\nprintf '\\n<done>\\n'\n")
+        self.process.stdin.flush()
+        output = ""
+        for line in self.process.stdout:
+            if line == "<done>\n":
+                return output[:-1]
+            output += line
+        print(output, end="")
+        return None
+
+
+shell = Shell()
+output = program = None
+count = 0
+for line, language, path, text in blocks():
+    count += 1
+    if language == "cpp":
+        program = text
+    if path:
+        (scratch / path).parent.mkdir(parents=True, exist_ok=True)
+        (scratch / path).write_text(text)
+    elif language == "sh":
+        output = shell.run(text)
+        if output is None:
+            fail(line, "a command failed")
+    elif language == "text":
+        if output is None or not output.endswith(text):
+            fail(line, f"the commands before print something else:\n{output}")
+    elif language == "json":
+        example = json.loads((scratch / "my-product.json").read_text())
+        (scratch / "piece.json").write_text(json.dumps(laid_over(example, json.loads(text)), indent=2))
+        if shell.run("eboconf check --strict piece.json") is None:
+            fail(line, "it does not pass the check")
+    elif language == "cmake":
+        (scratch / "piece").mkdir(exist_ok=True)
+        (scratch / "piece/host.cpp").write_text(program)
+        (scratch / "piece/CMakeLists.txt").write_text(
+            "cmake_minimum_required(VERSION 3.16)\nproject(piece LANGUAGES CXX)\n"
+            'file(CREATE_LINK "${CMAKE_SOURCE_DIR}/../ebo_config" "${CMAKE_SOURCE_DIR}/ebo_config" SYMBOLIC)\n'
+            f"add_executable(my_host host.cpp ${{EXTRA_SOURCES}})\n{text}")
+        if shell.run("cmake -G Ninja -S piece -B piece/build ${EXTRA_SOURCES:+-DEXTRA_SOURCES=$EXTRA_SOURCES}; "
+                     "cmake --build piece/build; piece/build/my_host my-product.json") is None:
+            fail(line, "it does not configure, build or run")
+    elif language not in ("cpp", "drawing"):
+        fail(line, f"nobody runs a block of '{language}'")
+print(f"{document}: {count} blocks")
