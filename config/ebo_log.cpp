@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-// A text of the caller's, whole and without conversions, so that the format is not a literal here.
+// The format is a complete literal of the caller's, not one here.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"
