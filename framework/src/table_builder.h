@@ -112,7 +112,7 @@ private:
         return !too_deep_ && !brackets_.failed();
     }
 
-    bool grow() {
+    [[gnu::noinline]] bool grow() {
         ptrdiff_t parents[kKeyDepth + 1];
         for (uint32_t i = 0; i <= kKeyDepth; ++i) parents[i] = parents_[i] - load_->entries;
         const uint32_t capacity = load_->capacity * 2;
