@@ -26,6 +26,9 @@ inline __m128i equal(__m128i bytes, char c) {
 inline unsigned maskOf(__m128i bytes) {
     return static_cast<unsigned>(_mm_movemask_epi8(bytes));
 }
+inline unsigned zerosBelow(unsigned mask) {
+    return static_cast<unsigned>(__builtin_ctz(mask));
+}
 
 // The first byte from `text` on that is not plain: quote, backslash, control character or beyond ASCII.
 inline char* skipPlain(char* text) {
@@ -35,20 +38,13 @@ inline char* skipPlain(char* text) {
         const __m128i below_blank = _mm_cmplt_epi8(bytes, _mm_set1_epi8(' '));
         const __m128i special = _mm_or_si128(equal(bytes, '"'), equal(bytes, '\\'));
         const unsigned found = maskOf(_mm_or_si128(below_blank, special));
-        if (found != 0) return text + __builtin_ctz(found);
+        if (found != 0) return text + zerosBelow(found);
     }
 }
 
-// The first byte from `text` on that is no blank. Most blanks are a line break and the spaces behind it.
-inline char* skipBlanks(char* text) {
-    char c = *text;
-    while (c == '\n' || c == ' ' || c == '\r' || c == '\t') {
-        ++text;
-        text += __builtin_ctz(~maskOf(equal(load(text), ' ')));
-        c = *text;
-        if (static_cast<unsigned char>(c) > ' ') break;
-    }
-    return text;
+// Spaces at `text`, counted up to the size of a register.
+inline size_t spaces(const char* text) {
+    return zerosBelow(~maskOf(equal(load(text), ' ')));
 }
 
 #else
@@ -92,15 +88,29 @@ inline char* skipPlain(char* text) {
     return text;
 }
 
-inline char* skipBlanks(char* text) {
-    while (*text == ' ' || *text == '\n' || *text == '\r' || *text == '\t') {
-        ++text;
-        const size_t other = load(text) ^ kOnes * ' ';
-        text += other == 0 ? sizeof other : zeroBytesBefore(other);
-    }
-    return text;
+inline size_t spaces(const char* text) {
+    const size_t other = load(text) ^ kOnes * ' ';
+    return other == 0 ? sizeof other : zeroBytesBefore(other);
 }
 
 #endif
+
+// The first byte from `text` on that is no blank. Most blanks are a line break and as many spaces as behind the last
+// one, which *indent keeps: where the guess is right, the processor need not wait for the count to go on.
+inline char* skipBlanks(char* text, size_t* indent) {
+    char c = *text;
+    while (c == '\n' || c == ' ' || c == '\r' || c == '\t') {
+        ++text;
+        const size_t count = spaces(text);
+        size_t step = *indent;
+        size_t guess = step;
+        __asm__("" : "+r"(guess));  // or the compiler takes the count, since it is the step in either case
+        if (__builtin_expect(count != guess, false)) *indent = step = count;
+        text += step;
+        c = *text;
+        if (static_cast<unsigned char>(c) > ' ') break;
+    }
+    return text;
+}
 
 }  // namespace plain_text

@@ -7,6 +7,7 @@
 struct TextDocument {
     char* text;
     bool decoded = false;  // a string in it is no longer what it was in the file
+    size_t indent = 0;     // spaces behind the last line break
 };
 
 // A place in a text that is decoded as it is read: strings are written over their source. The reader takes a
@@ -48,7 +49,7 @@ inline void SkipWhitespace(TextStream& stream) {
     if (text[0] == ' ' && static_cast<unsigned char>(text[1]) > ' ') {
         ++stream.src_;
     } else {
-        stream.src_ = plain_text::skipBlanks(stream.src_);
+        stream.src_ = plain_text::skipBlanks(stream.src_, &stream.document_->indent);
     }
 }
 

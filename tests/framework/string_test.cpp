@@ -104,6 +104,22 @@ TEST(BlankRuns, OfEveryLengthAreSkippedWhole) {
     }
 }
 
+// Indents are guessed from the line before; each pair of lengths is one right or wrong guess.
+TEST(BlankRuns, MayDifferFromLineToLine) {
+    for (size_t first = 0; first <= 20; ++first) {
+        for (size_t second = 0; second <= 20; ++second) {
+            const std::string line = "\n" + std::string(first, ' ');
+            const std::string next = "\r\n" + std::string(second, ' ');
+            Section section(line + "\"a\":1," + next + "\"b\":2," + line + "\"c\":" + next + "3" + line);
+            for (const auto& [key, value] : {std::pair{"a", 1}, {"b", 2}, {"c", 3}}) {
+                int found = 0;
+                EXPECT_TRUE(section.keys.findInt32(key, &found)) << first << ' ' << second;
+                EXPECT_EQ(found, value) << first << ' ' << second;
+            }
+        }
+    }
+}
+
 TEST(StringText, KeepsWhiteSpaceAndKindOfEveryBlank) {
     Section section("\"k\"\t:\r\n\r\n  \"\\t x \"  \n,\n\n        \t    \"n\"   :                    1   ");
     const char* text = nullptr;
