@@ -19,7 +19,7 @@ public:
     // holds the one level that it writes before it calls the handler, and that call must end the reading.
     void* Realloc(void* old_block, size_t old_size, size_t new_size) {
         if (!old_block) return first_;
-        void* const block = failed_ ? nullptr : realloc(heap_, new_size + kSlack);
+        void* const block = realloc(heap_, new_size + kSlack);
         if (!block) {
             failed_ = true;
             return old_block;

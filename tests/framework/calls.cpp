@@ -12,6 +12,13 @@ thread_local Calls calls;
 
 namespace {
 
+bool interrupted(int* times) {
+    if (*times == 0) return false;
+    --*times;
+    errno = EINTR;
+    return true;
+}
+
 bool refused() {
     ++calls.allocations;
     if (calls.fail_allocation < 0) return false;
@@ -68,6 +75,7 @@ void __wrap_free(void* block) {
 }
 
 int __wrap_open(const char* path, int flags, ...) {
+    if (interrupted(&calls.open_interrupts)) return -1;
     va_list arguments;
     va_start(arguments, flags);
     const int mode = (flags & O_CREAT) ? va_arg(arguments, int) : 0;
@@ -80,16 +88,16 @@ int __wrap_open(const char* path, int flags, ...) {
 
 int __wrap_fstat(int fd, struct stat* status) {
     ++calls.fstat;
+    if (calls.fstat_errno != 0) {
+        errno = calls.fstat_errno;
+        return -1;
+    }
     return __real_fstat(fd, status);
 }
 
 ssize_t __wrap_read(int fd, void* to, size_t size) {
     ++calls.read;
-    if (calls.interrupts > 0) {
-        --calls.interrupts;
-        errno = EINTR;
-        return -1;
-    }
+    if (interrupted(&calls.interrupts)) return -1;
     if (calls.read_errno != 0) {
         errno = calls.read_errno;
         return -1;
@@ -114,6 +122,7 @@ int __wrap_close(int fd) {
 
 ssize_t __wrap_write(int fd, const void* from, size_t size) {
     ++calls.write;
+    if (interrupted(&calls.write_interrupts)) return -1;
     return __real_write(fd, from, size);
 }
 

@@ -22,6 +22,9 @@ struct Calls {
     bool fail_later_too = false;  // and all after it
     int read_errno = 0;           // what reads fail with
     int interrupts = 0;           // that many reads are interrupted
+    int open_interrupts = 0;      // that many calls of open
+    int write_interrupts = 0;     // that many writes
+    int fstat_errno = 0;          // what fstat fails with
     size_t read_limit = 0;        // bytes that one read delivers at most
     bool read_ends = false;       // reads find the end of the file
     int pread_errno = 0;

@@ -134,6 +134,7 @@ TEST(File, ReadInPiecesOrAfterInterruptsIsWhole) {
     EXPECT_EQ(1, valueAfter(orders));
     orders.read_limit = 1;
     orders.interrupts = 3;
+    orders.open_interrupts = 2;
     EXPECT_EQ(1, valueAfter(orders));
 }
 
@@ -152,6 +153,12 @@ TEST(File, ThatCannotBeReadIsReported) {
     Calls orders;
     orders.read_errno = EIO;
     EXPECT_EQ(": cannot be read: Input/output error\n", complaintAfter(kText, orders));
+}
+
+TEST(File, OfUnknownKindIsReported) {
+    Calls orders;
+    orders.fstat_errno = EIO;
+    EXPECT_EQ(": cannot be opened: Input/output error\n", complaintAfter(kText, orders));
 }
 
 TEST(File, ThatWasEmptiedMeanwhileIsReported) {

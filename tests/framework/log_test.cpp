@@ -48,6 +48,25 @@ std::string lines(Logging logging) {
     return all;
 }
 
+template <typename Logging>
+std::string terminalLine(Logging logging) {
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    EXPECT_EQ(0, grantpt(terminal));
+    EXPECT_EQ(0, unlockpt(terminal));
+    const int screen = open(ptsname(terminal), O_RDWR | O_NOCTTY);
+    {
+        const StandardError to(screen);
+        logging();
+    }
+    char seen[1000];
+    const ssize_t size = read(terminal, seen, sizeof seen);
+    EXPECT_GE(size, 2);
+    close(screen);
+    close(terminal);
+    // The terminal turns the newline into two characters.
+    return size < 2 ? "" : std::string(seen, static_cast<size_t>(size - 2)) + '\n';
+}
+
 TEST(LogLine, NamesLevelTagFunctionAndLine) {
     EXPECT_EQ("E KAAEboConfig parse:12: find aec status failed\n",
               lines([] { ka_err(1, 2, "KAAEboConfig", "find %s status failed", "parse", 12, "aec"); }));
@@ -81,23 +100,8 @@ TEST_P(LogLineOf, IsOneLineWithoutColour) {
 
 TEST_P(LogLineOf, KeepsColourOnATerminal) {
     const Row& row = GetParam();
-    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
-    ASSERT_GE(terminal, 0);
-    ASSERT_EQ(0, grantpt(terminal));
-    ASSERT_EQ(0, unlockpt(terminal));
-    const int screen = open(ptsname(terminal), O_RDWR | O_NOCTTY);
-    ASSERT_GE(screen, 0);
-    {
-        const StandardError to(screen);
-        ka_err(1, 2, "T", "%s", "f", 1, row.text.c_str());
-    }
-    char seen[1000];
-    const ssize_t size = read(terminal, seen, sizeof seen);
-    ASSERT_GT(size, 0);
-    // The terminal turns the newline into two characters.
-    EXPECT_EQ("E T f:1: " + row.terminal_line + "\r\n", std::string(seen, static_cast<size_t>(size)));
-    close(screen);
-    close(terminal);
+    EXPECT_EQ("E T f:1: " + row.terminal_line + "\n",
+              terminalLine([&row] { ka_err(1, 2, "T", "%s", "f", 1, row.text.c_str()); }));
 }
 
 // clang-format off
@@ -155,6 +159,31 @@ TEST(LogLine, IsCutWhenThereIsNoMemory) {
     EXPECT_EQ("E xxx", cut.substr(0, 5));
     EXPECT_EQ("x\n", cut.substr(cut.size() - 2));
     EXPECT_LT(cut.size(), 700u);
+}
+
+// Without memory for the line 640 characters are there; the text takes the last 431.
+TEST(LogLine, ThatIsCutEndsBeforeAColourOrBlankThatDoesNotFit) {
+    const std::string tag(200, 't');
+    const std::string text(431, 'x');
+    for (const std::string& behind : {std::string(), kRed + std::string("y"), std::string("\n\ny")}) {
+        EXPECT_EQ("E " + tag + " f:1: " + text + "\n", terminalLine([&] {
+                      calls = {};
+                      calls.fail_allocation = 0;
+                      ka_err(1, 2, tag.c_str(), "%s%s", "f", 1, text.c_str(), behind.c_str());
+                  }))
+            << behind;
+    }
+}
+
+TEST(LogLine, WrittenAfterAnInterruptIsWhole) {
+    EXPECT_EQ("E T f:1: x\n", lines([] {
+                  calls.write_interrupts = 2;
+                  ka_err(1, 2, "T", "x", "f", 1);
+              }));
+}
+
+TEST(LogLine, IsEmptyWhereTheTextCannotBeFormatted) {
+    EXPECT_EQ("E T f:1: \n", lines([] { ka_err(1, 2, "T", "x %ls", "f", 1, L"\x4e00"); }));
 }
 
 TEST(LogLine, PrintsNumbersAlikeInEveryLocale) {

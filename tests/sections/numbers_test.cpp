@@ -165,6 +165,8 @@ std::vector<std::string> oddRows() {
         "1" + std::string(5000, '0') + "e-4000", "1" + std::string(5000, '0') + "e-5100",
         "0x1" + std::string(1000, '0') + "p-1500", "0x1" + std::string(1000, '0') + "p-5000",
         "0x0." + std::string(1000, '0') + "1p1500", "0x0." + std::string(1000, '0') + "1p5000",
+        // too large or too small by the digits alone, with a number behind the exponent that has none
+        std::string(50, '9') + "e -90", "0." + std::string(50, '0') + "1e 90",
     };
     // clang-format on
     std::vector<std::string> rows;
