@@ -27,6 +27,7 @@ void releasePointerAt(void* pointer, const char* caller) {
     void* block = KA_NULL;
     std::memcpy(&block, pointer, sizeof(block));
     ka_mem_safe_free(&block, caller);
+    block = KA_NULL;
     std::memcpy(pointer, &block, sizeof(block));
 }
 

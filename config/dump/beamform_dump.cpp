@@ -32,11 +32,16 @@ void clear(Row& row) {
     ka_memset(row.text, 0, std::strlen(row.text));
 }
 
-// `rows` rows of `columns` values each.
-void dumpFloats(Row& row, const float* values, size_t rows, size_t columns, const char* function) {
-    for (; rows > 0; --rows, values += columns) {
+// `table` holds `rows` rows of `columns` floats each.
+void dumpFloats(Row& row, const void* table, size_t rows, size_t columns, const char* function) {
+    const auto* next = static_cast<const char*>(table);
+    for (; rows > 0; --rows) {
         size_t at = 0;
-        for (size_t i = 0; i < columns; ++i) at = appendFloat(row, at, values[i]);
+        for (size_t i = 0; i < columns; ++i, next += sizeof(float)) {
+            float value = 0.0F;
+            std::memcpy(&value, next, sizeof(value));
+            at = appendFloat(row, at, value);
+        }
         ka_log(EBO_INFO, "      %s", function, __LINE__, row.text);
     }
     clear(row);
@@ -61,18 +66,18 @@ void dumpAes(const EboAesParam& aes, const char* function) {
     ka_log(EBO_INFO, "   low_freq = %d, high_freq = %d", function, __LINE__, aes.low_freq, aes.high_freq);
     ka_log(EBO_INFO, "   thd_flag = %d, hard_flag = %d", function, __LINE__, aes.thd_flag, aes.hard_flag);
     eboLogLine("   LimitRatio:", function, __LINE__);
-    dumpFloats(row, aes.LimitRatio[0], 2, 3, function);
+    dumpFloats(row, aes.LimitRatio, 2, 3, function);
     eboLogLine("   ThdSplitFreq:", function, __LINE__);
     dumpPairs(row, aes.ThdSplitFreq, 4, function);
     eboLogLine("   ThdSupDegree:", function, __LINE__);
-    dumpFloats(row, aes.ThdSupDegree[0], 4, 10, function);
+    dumpFloats(row, aes.ThdSupDegree, 4, 10, function);
     eboLogLine("   HardSplitFreq:", function, __LINE__);
     dumpPairs(row, aes.HardSplitFreq, 5, function);
     eboLogLine("   HardThreshold:", function, __LINE__);
     dumpFloats(row, aes.HardThreshold, 1, 4, function);
 }
 
-// All that there is to say of a module without a record.
+// All that there is to say of a module without a record, and the head of the wake-up.
 void dumpSwitch(const char* heading, const char* function) {
     eboLogLine(heading, function, __LINE__);
     eboLogLine("   enabled", function, __LINE__);

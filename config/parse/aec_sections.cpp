@@ -21,6 +21,7 @@ void takeChannelMap(const EboSection& section, const EboKeyRow& /*row*/, const c
         if (scanner.literal("chn;map:")) eboScanIntList(scanner, map, kMaxChannels);
     }
     if (chns <= 0) return;
+    // On purpose the one way in which a file can end the process.
     if (chns > kMaxChannels) eboAssertFailed("chns <= 16", function, __LINE__);
 
     aec->model_aec_en |= EBO_AEC_CHN_MAP;
@@ -71,12 +72,12 @@ EboAecParam* parseEboAecConfigs(void* parser, const char* root, int* model_en) {
     return readSection<EboAecParam>(parser, root, model_en, kEboAecSection);
 }
 
-// Unlike other sections, a disabled one is not read further and leaves no record.
+// On purpose, unlike other sections, a disabled one is not read further and leaves no record.
 EboDelayParam* parseEboDelayConfigs(void* parser, const char* root, int* model_en) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
     const EboReading reading(kEboDelaySection, parser, root);
     void* delay = eboMakeRecord(kEboDelaySection);
-    int untouched = 0;  // no bit of the caller's mask is this section's: it is neither read nor written
+    int untouched = 0;  // on purpose: no bit of the caller's mask is this section's
     const EboStatus status = eboReadStatus(reading, kEboDelaySection.bit, &untouched);
     if (status == EboStatus::Disabled) {
         ka_mem_safe_free(&delay, __func__);  // on purpose not free(), unlike the failures below

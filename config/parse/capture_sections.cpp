@@ -31,7 +31,7 @@ void reviewWakeup(const EboSection& section, const EboKeyRow& row, const void* r
 }
 
 // clang-format off
-// Every key is optional here, the status included.
+// Every key is optional here, the status included, on purpose.
 #define WAKEUP(field) EBO_NUMBER_OPTIONAL(EboWakeupParam, field)
 constexpr EboKeyRow kWakeupKeys[] = {
     EBO_STATUS_OPTIONAL,

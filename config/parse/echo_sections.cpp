@@ -12,8 +12,8 @@ namespace {
 
 constexpr uint8_t kBands = std::extent_v<decltype(EboNlpParam::bands)>;
 
-// A super_est_factor that the text does not supply is the band's band_pass_thd, on purpose: what was read
-// first is still in the scratch. A band_pass_thd that the text does not supply stays zero.
+// A super_est_factor that the text does not supply is the band's band_pass_thd, on purpose: as if both
+// texts were read into one scratch. A band_pass_thd that the text does not supply stays zero.
 void takeBands(const EboSection& /*section*/, const EboKeyRow& row, const char* text, void* record) {
     auto* nlp = static_cast<EboNlpParam*>(record);
     int32_t scratch[kBands];

@@ -16,7 +16,7 @@ bool loadAec(void* parser, const char* root, KAEboParam* ebo) {
     return ebo->aec != KA_NULL;
 }
 
-// Never fails a load: without a record there is no delay estimation.
+// On purpose never fails a load: without a record there is no delay estimation.
 bool loadDelay(void* parser, const char* root, KAEboParam* ebo) {
     ebo->aec->delay = parseEboDelayConfigs(parser, root, &ebo->model_en);
     if (ebo->aec->delay != KA_NULL) ebo->aec->model_aec_en |= EBO_AEC_DELAY;
@@ -119,7 +119,7 @@ EboAecParam* parseEboAecConfigs(const char* path) {
     return ebo.aec;
 }
 
-// Lenient behind "bf": a section that fails leaves its slot null.
+// On purpose lenient behind "bf": a section that fails leaves its slot null.
 EboBeamFormParam* parseEboBeamFormConfigs(const char* path) {
     if (path == KA_NULL) return KA_NULL;
     KAJsonParser parser;

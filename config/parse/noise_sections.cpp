@@ -98,7 +98,7 @@ EboAnrParam* parseEboAnrConfigs(void* parser, const char* root, int* model_en) {
     return readSection<EboAnrParam>(parser, root, model_en, kEboAnrSection);
 }
 
-// Only the status is required; the model path of a section that is not enabled is not looked at.
+// On purpose only the status is required; the model path of a section that is not enabled is not looked at.
 EboAiNRParam* parseEboAINRConfigs(void* parser, const char* root, int* model_en) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
     const EboReading reading(kEboAinrSection, parser, root);

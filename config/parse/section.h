@@ -26,7 +26,7 @@ enum class EboKeyKind : uint32_t {
 };
 
 // One key, read top to bottom: the order of the rows is the order of the lookups and so of the error
-// messages. The numbers are packed for the flash of a device; a value that does not fit does not compile.
+// messages. The numbers are packed for the flash of a device; compilers warn of one that does not fit.
 struct EboKeyRow {
     const char* key;      // spelling in the tuning file
     const char* missing;  // whole log format for a missing key; null: the key is optional

@@ -156,7 +156,7 @@ void* eboReadSection(void* parser, const char* root, int* model_en, const EboSec
     const EboReading reading(section, parser, root);
     void* record = eboMakeRecord(section);
     if (eboReadStatus(reading, bit, model_en) == EboStatus::Missing || !eboReadKeys(reading, record)) {
-        std::free(record);  // on purpose not ka_mem_safe_free
+        std::free(record);  // on purpose not ka_mem_safe_free; its bit stays set
         return KA_NULL;
     }
     return record;

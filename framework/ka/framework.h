@@ -38,8 +38,8 @@ public:
     // type: findInt32 takes a JSON integer that fits 32 bits (not 1.0, 1e3, true or "1"); findFloat any JSON
     // number, as the nearest float (1e400 is infinity, 1e-400 is 0); findCString a JSON string, as UTF-8
     // ending in NUL (one with \u0000 inside ends there). Otherwise, and for a null key, false, and *out is
-    // left alone. Of several equal keys the last one in the file counts. The text lives as long as the record
-    // and the parser that filled it.
+    // left alone. Of several equal keys the last one in the file counts. The text belongs to the record and
+    // lives as long as it (this framework's no longer than the parser).
     bool findInt32(const char* key, int* out) const;
     bool findFloat(const char* key, float* out) const;
     bool findCString(const char* key, const char** out) const;

@@ -11,7 +11,7 @@ struct TextDocument {
 };
 
 // A place in a text that is decoded as it is read: strings are written over their source. The reader takes a
-// copy for each string and number, to keep it in registers, and assigns it back at their end.
+// copy for each number, and for each string that is not plain, and assigns it back at their end.
 struct TextStream {
     using Ch = char;
 
