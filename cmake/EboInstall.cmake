@@ -1,5 +1,6 @@
-# Three components: `config` is the library for a host that brings its own framework, `framework` the embedded default
-# of that, `tool` eboconf with its man page, completions, schema and examples.
+# Components: `config` is what a host that brings its own framework builds with, `config_runtime` the shared library that
+# it then runs with; `framework` and `framework_runtime` are the same of the embedded framework; `tool` is eboconf with
+# its man page, completions, schema and examples.
 include(CMakePackageConfigHelpers)
 
 set(cmake_dir "${CMAKE_INSTALL_LIBDIR}/cmake/ebo_config")
@@ -11,7 +12,7 @@ if(TARGET ebo_config_shared)
 endif()
 install(TARGETS ${libraries} EXPORT ebo_config_targets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT config
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT config)
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT config_runtime NAMELINK_COMPONENT config)
 install(EXPORT ebo_config_targets NAMESPACE ebo:: DESTINATION ${cmake_dir} COMPONENT config)
 install(FILES config/ebo_config.h config/ebo_lifecycle.h config/ebo_params.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config COMPONENT config)
@@ -34,7 +35,7 @@ if(TARGET ka_framework)
   endif()
   install(TARGETS ${libraries} EXPORT ka_framework_targets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT framework
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT framework)
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT framework_runtime NAMELINK_COMPONENT framework)
   install(EXPORT ka_framework_targets NAMESPACE ka:: DESTINATION ${cmake_dir} COMPONENT framework)
   install(DIRECTORY framework/ka DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT framework
     FILES_MATCHING PATTERN "*.h")
