@@ -1,0 +1,19 @@
+SUMMARY = "Tuning-file configuration of a voice-processing pipeline"
+SECTION = "libs/multimedia"
+LICENSE = "CLOSED"
+
+# The tree that this layer is part of.
+inherit externalsrc cmake pkgconfig
+EXTERNALSRC = "${@os.path.abspath(d.expand('${THISDIR}/../../../../..'))}"
+
+DEPENDS = "rapidjson"
+
+EXTRA_OECMAKE = "-DEBO_BUILD_TESTS=OFF -DEBO_BUILD_SHARED=ON"
+
+PACKAGECONFIG ??= ""
+PACKAGECONFIG[tool] = "-DEBO_BUILD_TOOLS=ON,-DEBO_BUILD_TOOLS=OFF,cli11 nlohmann-json"
+
+# The embedded framework and the tool are packages of their own: a host with its own framework leaves the former out.
+PACKAGES =+ "ka-framework ${PN}-tools"
+FILES:ka-framework = "${libdir}/libka_framework.so.*"
+FILES:${PN}-tools = "${bindir}/eboconf ${datadir}/ebo_config ${datadir}/bash-completion ${datadir}/zsh ${datadir}/fish"
