@@ -9,7 +9,7 @@ namespace {
 // The shared default channel map: neighbours swapped in pairs, the last two in place. Never written; a record
 // that points at it does not own it, although destroyEboAecConfig() on purpose hands it to the framework's
 // release all the same.
-const int16_t Array[8] = {1, 0, 3, 2, 5, 4, 6, 7};
+const int16_t Array[] = {1, 0, 3, 2, 5, 4, 6, 7};
 
 // band_pass_thd and super_est_factor of each band.
 constexpr EboNlpBand kNlpDefaults[8] = {{10, 6}, {10, 10}, {10, 10}, {5, 10},

@@ -113,6 +113,10 @@ const PathBit kPaths[] = {
     {"howl_beginning_of_playback", "howl", "ebo_ao_config", 0x4000},
     {"howl_more_than_playback", "howl", "ebo_ao_configs2", 0x4000},
     {"howl_empty", "howl", "", 0x4000},
+    {"bf_playback", "bf", "ebo_ao_configs", 0x2},
+    {"wakeup_playback", "wakeup", "ebo_ao_configs", 0x2},
+    {"nlp_playback", "nlp", "ebo_ao_configs", 0x8},
+    {"agc_playback", "agc", "ebo_ao_configs", 0x20},
 };
 
 class RootName : public testing::TestWithParam<PathBit> {};

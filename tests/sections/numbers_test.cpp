@@ -150,12 +150,14 @@ std::vector<std::string> oddRows() {
         "inf", "INF", "Inf", "infinity", "INFINITY", "infinit", "infi", "in", "i", "-inf", "+inf", "inf5", "infinityx",
         "nan", "NaN", "-nan", "+nan", "na", "n", "nan(", "nan()", "nan(123)", "nan(abc)", "nan(0x1)", "nan(a b)", "nan5",
         // other characters
+        // the neighbours of digits and letters
+        "1:2", "1/2", ":", "/", "0x1:", "0x1/", "0x1`", "0x1@", "0x1g", "0x1G", "1\b2", "1\0162", "1\0372",
         "1,2", "1;2", "1a2", "1f", "1l", "0b1", "1_000", "1'000", "\u00a01", "1\u00a0", "\uff11", "\u22121", "%d", "%", "\\",
         "\"1\"", "1\v2", "1\f2", "1\r2", "1\b2", "1 \t\n\v\f\r 2", "1-2", "1+2", "1.5-2.5", "1-", "1e5-3",
         std::string("1\0002", 3),
         // integers at the ends of their ranges
         "65535", "65536", "-65536", "2147483647", "2147483648", "-2147483648", "-2147483649", "4294967296",
-        "9223372036854775807", "9223372036854775808", "-9223372036854775809", "18446744073709551616",
+        "-21474836470", "9223372036854775807", "9223372036854775808", "-9223372036854775809", "18446744073709551616",
         "99999999999999999999999999",
         // long ones
         std::string(5000, '9'), "0." + std::string(5000, '0') + "1", "1e" + std::string(5000, '0') + "2",
@@ -165,6 +167,9 @@ std::vector<std::string> oddRows() {
         "1" + std::string(5000, '0') + "e-4000", "1" + std::string(5000, '0') + "e-5100",
         "0x1" + std::string(1000, '0') + "p-1500", "0x1" + std::string(1000, '0') + "p-5000",
         "0x0." + std::string(1000, '0') + "1p1500", "0x0." + std::string(1000, '0') + "1p5000",
+        std::string(100, '0') + "1e-80", "1." + std::string(100, '1') + "e-60", "0x" + std::string(400, '0') + "1p-800",
+        "0x1." + std::string(400, '1') + "p-800", "." + std::string(100, '0') + "1e90", "." + std::string(100, '0') + "1e110",
+        std::string(1000, '0') + "1e400", "1." + std::string(1000, '1') + "e400",
         // too large or too small by the digits alone, with a number behind the exponent that has none
         std::string(50, '9') + "e -90", "0." + std::string(50, '0') + "1e 90",
     };

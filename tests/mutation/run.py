@@ -1,0 +1,134 @@
+"""Mutates config/ and runs the tests on every mutant: run.py BUILD COUNT TEST..., where COUNT may be "all".
+
+BUILD holds the test executables. Each is linked anew with the mutant's object, and those of the other sources, before
+the library, which then yields none, until one fails.
+"""
+
+import collections
+import glob
+import json
+import os
+import random
+import re
+import subprocess
+import sys
+import tempfile
+import threading
+from concurrent.futures import ThreadPoolExecutor
+
+from mutants import mutants
+
+SEED = 1
+ENOUGH = 95  # percent
+SANITIZER = "-fsanitize=address"  # of the library alone, to see what it reads and writes beyond its bounds
+SANITIZED = {**os.environ, "ASAN_OPTIONS": "detect_leaks=0:hard_rss_limit_mb=2048"}
+TIME_LIMIT = 60  # seconds of the processor's time for one test executable; the slowest takes about seven
+# By the start of the mutated file's name: the tests that are likely to fail, and so come first.
+FIRST = {"config/dump/": ("dumps",), "config/ebo_lifecycle": ("lifecycle", "create"), "config/parse/loaders": ("load",)}
+
+
+def ninja(build, *arguments):
+    return subprocess.run(["ninja", *arguments], cwd=build, check=True, capture_output=True, text=True).stdout
+
+
+def compile_commands(build):
+    """By source file: how the library's object is compiled, up to what becomes of it."""
+    entries = json.loads(ninja(build, "-t", "compdb"))
+    return {os.path.relpath(e["file"]): re.split(r" -MD | -o ", e["command"])[0]
+            for e in entries if "/ebo_config_recorded.dir/" in e["output"]}  # fmt: skip
+
+
+def link_command(build, test):
+    """How to link the test, with OBJECT before the library and into OUTPUT."""
+    link = ninja(build, "-t", "commands", test).strip().split("\n")[-1]
+    head, objects, tail = re.match(r": && (.*?) (\S+\.cpp\.o .*) -o \S+ (.*) && :", link).groups()
+    return f"{head} {SANITIZER} -fuse-ld=gold OBJECT {objects} -o OUTPUT {tail}"
+
+
+class Mutation:
+    def __init__(self, build, tests, sources, folder):
+        self.build = build
+        self.compile_command = compile_commands(build)
+        self.link = {test: link_command(build, test) for test in tests}
+        self.objects = {}
+        for file, text in sources.items():
+            self.objects[file] = os.path.join(folder, file.replace("/", "-") + ".o")
+            if not self.compile(file, text, self.objects[file]):
+                raise RuntimeError(f"cannot compile {file}")
+
+    def compile(self, file, text, output):
+        with open(f"{output}.cpp", "w", encoding="utf-8") as to:
+            to.write(text)
+        include = f"-iquote {os.path.abspath(os.path.dirname(file))}"
+        return self.succeeds(f"{self.compile_command[file]} -w {SANITIZER} {include} -o {output} -c {output}.cpp")
+
+    def passes(self, file, text, folder):
+        """Whether all tests pass with this text in place of the file; None when that does not compile."""
+        output = os.path.join(folder, "mutant.o")
+        if not self.compile(file, text, output):
+            return None
+        objects = " ".join({**self.objects, file: output}.values())
+        first = next((tests for start, tests in FIRST.items() if file.startswith(start)), ("-",))
+        program = os.path.join(folder, "test")
+        for test in sorted(self.link, key=lambda name: not name.startswith(first)):
+            if not self.succeeds(self.link[test].replace("OBJECT", objects).replace("OUTPUT", program)):
+                raise RuntimeError(f"cannot link {test}")
+            run = f"cd {folder} && ulimit -t {TIME_LIMIT} && exec {program} --gtest_brief=1 --gtest_fail_fast"
+            if subprocess.run(run, shell=True, env=SANITIZED, capture_output=True).returncode != 0:
+                return False
+        return True
+
+    def succeeds(self, command):
+        return subprocess.run(command, shell=True, cwd=self.build, capture_output=True).returncode == 0
+
+
+def main(build, count, *tests):
+    sources = {}
+    for file in sorted(glob.glob("config/**/*.cpp", recursive=True)):
+        with open(file, encoding="utf-8") as source:
+            sources[file] = source.read()
+    with tempfile.TemporaryDirectory() as folder:
+        mutation = Mutation(build, tests, sources, folder)
+        file, text = next(iter(sources.items()))
+        if not mutation.passes(file, text, folder):
+            raise SystemExit("the tests do not pass on the library as it is")
+        return mutate(mutation, sources, count)
+
+
+def mutate(mutation, sources, count):
+    waiting = [mutant for file, source in sources.items() for mutant in mutants(file, source)]
+    random.Random(SEED).shuffle(waiting)
+    wanted = len(waiting) if count == "all" else int(count)
+    print(f"{len(waiting)} changes are possible, up to {min(wanted, len(waiting))} are tried; seed {SEED}", flush=True)
+    waiting = collections.deque(waiting)
+    lock = threading.Lock()
+    tried, killed, survivors = 0, 0, []
+
+    def work():
+        nonlocal tried, killed
+        with tempfile.TemporaryDirectory() as folder:
+            while True:
+                with lock:
+                    if not waiting or tried >= wanted:
+                        return
+                    mutant = waiting.popleft()
+                    tried += 1
+                passes = mutation.passes(mutant.file, mutant.apply(sources[mutant.file]), folder)
+                with lock:
+                    tried -= passes is None
+                    killed += passes is False
+                    if passes:
+                        survivors.append(mutant)
+                        print(f"survives: {mutant}", flush=True)
+
+    workers = os.cpu_count() or 1
+    with ThreadPoolExecutor(workers) as pool:
+        for done in [pool.submit(work) for _ in range(workers)]:
+            done.result()
+    total = killed + len(survivors)
+    print(f"{killed} of {total} mutants killed: {100 * killed / total:.1f} %")
+    return 0 if 100 * killed >= ENOUGH * total else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main(*sys.argv[1:]))
