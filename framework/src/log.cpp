@@ -1,3 +1,4 @@
+#include <langinfo.h>
 #include <locale.h>
 #include <pthread.h>
 #include <unistd.h>
@@ -17,11 +18,18 @@ pthread_rwlock_t g_sink_lock = PTHREAD_RWLOCK_INITIALIZER;
 KaLogSink g_sink = nullptr;
 void* g_sink_user = nullptr;
 
+bool printsNumbersAsInC() {
+    return strcmp(nl_langinfo(RADIXCHAR), ".") == 0;
+}
+
 // While it lives this thread prints numbers as in C, whatever the process has set.
 class NumbersInC {
 public:
-    NumbersInC() : c_(newlocale(LC_ALL_MASK, "C", nullptr)), former_(uselocale(c_)) {}
+    NumbersInC() : c_(printsNumbersAsInC() ? locale_t{} : newlocale(LC_ALL_MASK, "C", nullptr)) {
+        if (c_) former_ = uselocale(c_);
+    }
     ~NumbersInC() {
+        if (!c_) return;
         uselocale(former_);
         freelocale(c_);
     }
@@ -29,8 +37,8 @@ public:
     NumbersInC& operator=(const NumbersInC&) = delete;
 
 private:
-    const locale_t c_;
-    const locale_t former_;
+    const locale_t c_;  // null where the locale need not change
+    locale_t former_{};
 };
 
 // A formatted message: short ones on the stack, long ones on the heap, cut off when there is no memory.

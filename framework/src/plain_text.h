@@ -95,6 +95,24 @@ inline size_t spaces(const char* text) {
 
 #endif
 
+inline char* skipDigits(char* text) {
+    while (static_cast<unsigned char>(*text - '0') < 10) ++text;
+    return text;
+}
+
+// The first byte behind the number at `text`; null when it is none, or has an exponent.
+inline char* skipNumber(char* text) {
+    char* const digits = *text == '-' ? text + 1 : text;
+    char* end = skipDigits(digits);
+    if (end == digits || (*digits == '0' && end != digits + 1)) return nullptr;
+    if (*end == '.') {
+        char* const fraction = end + 1;
+        end = skipDigits(fraction);
+        if (end == fraction) return nullptr;
+    }
+    return (*end | 0x20) == 'e' ? nullptr : end;
+}
+
 // The first byte from `text` on that is no blank. Most blanks are a line break and as many spaces as behind the last
 // one, which *indent keeps: where the guess is right, the processor need not wait for the count to go on.
 inline char* skipBlanks(char* text, size_t* indent) {

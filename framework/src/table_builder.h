@@ -42,7 +42,6 @@ public:
     bool String(const char* text, uint32_t length, bool) {
         return value(KaJsonKind::kString, offset(text), length);
     }
-    // The text is the place behind the number: the reader means it to be a copy of the stream's.
     bool RawNumber(const char* text, uint32_t length, bool) {
         return value(KaJsonKind::kNumber, offset(text), length);
     }
