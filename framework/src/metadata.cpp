@@ -4,26 +4,17 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "short_digits.h"
 #include "siblings.h"
 
 namespace {
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// Reads digits behind those that *value holds already. Where they end.
-const char* takeDigits(const char* at, uint32_t* value) {
-    for (; isDigit(*at); ++at) *value = *value * 10 + static_cast<uint32_t>(*at - '0');
-    return at;
-}
-
-// What most integers are: up to nine digits. False for any other number.
+// What most integers are: up to eight digits. False for any other number.
 bool shortInteger(const char* at, const char* end, int* out) {
     const bool negative = *at == '-';
     if (negative) ++at;
-    uint32_t value = 0;
-    if (end - at > 9 || takeDigits(at, &value) != end) return false;
+    uint32_t value;
+    if (end - at > kShortNumber || !allDigits(at, end, &value)) return false;
     *out = static_cast<int>(negative ? 0 - value : value);
     return true;
 }
@@ -36,23 +27,15 @@ bool shortInteger(const char* at, const char* end, int* out) {
     return true;
 }
 
-// What most numbers are: up to seven digits, perhaps with a point among them, no exponent. Digits and power of
-// ten are exact floats, so their quotient is the nearest float. False for any other number.
-bool shortDecimal(const char* at, float* out) {
+// What most numbers are: up to eight digits, or up to seven and a point, no exponent. With a point the digits and the
+// power of ten are exact floats, so their quotient is the nearest float. False for any other number.
+bool shortDecimal(const char* at, const char* end, float* out) {
     static constexpr float kPowers[] = {1.0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
     const bool negative = *at == '-';
     if (negative) ++at;
-    uint32_t value = 0;
-    const char* end = takeDigits(at, &value);
-    ptrdiff_t digits = end - at;
-    ptrdiff_t decimals = 0;
-    if (*end == '.') {
-        const char* const fraction = end + 1;
-        end = takeDigits(fraction, &value);
-        decimals = end - fraction;
-        digits += decimals;
-    }
-    if (digits > 7 || (*end | 0x20) == 'e') return false;
+    uint32_t value;
+    uint32_t decimals;
+    if (end - at > kShortNumber || !decimalDigits(at, end, &value, &decimals)) return false;
     const float magnitude = static_cast<float>(value) / kPowers[decimals];
     *out = negative ? -magnitude : magnitude;
     return true;
@@ -90,7 +73,8 @@ bool KaMetaData::findFloat(const char* key, float* out) const {
     const KaJsonEntry* const entry = find(key, KaJsonKind::kNumber);
     if (!entry) return false;
     const char* const begin = text_ + entry->value;
-    if (!shortDecimal(begin, out)) *out = anyNumber(begin, begin + entry->extent());
+    const char* const end = begin + entry->extent();
+    if (!shortDecimal(begin, end, out)) *out = anyNumber(begin, end);
     return true;
 }
 
