@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
 
 #include "scratch.h"
 
@@ -85,6 +86,38 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"1e-99999999999999999999", 0}, Row{"0." + std::string(400, '0') + "1", 0},
                     Row{"0." + std::string(399, '0') + "1e400", 1},
                     Row{"0." + std::string(30, '0') + "15", 1.5e-31f}));
+
+// One digit to ten, the point at every place or nowhere.
+TEST(NumberOfEachLength, IsTheNearestFloatAndAnIntegerOnlyIfWrittenAsOne) {
+    for (size_t length = 1; length <= 10; ++length) {
+        for (size_t point = 1; point <= length; ++point) {
+            for (const std::string sign : {"", "-"}) {
+                std::string text = std::string("1928374655").substr(0, length);
+                const int integer = static_cast<int>(std::stol(sign + text));
+                if (point < length) text.insert(point, ".");
+                Section section("\"k\": " + sign + text);
+                float real = 55;
+                EXPECT_TRUE(section.keys.findFloat("k", &real));
+                EXPECT_EQ(std::stof(sign + text), real) << sign + text;
+                int found = integer;
+                EXPECT_EQ(point == length, section.keys.findInt32("k", &found)) << sign + text;
+                EXPECT_EQ(integer, found);
+            }
+        }
+    }
+}
+
+TEST(NumberNearTheBeginning, IsFoundInTheShortestDocument) {
+    Document document(R"({"":{"":{"":7}}})");
+    KaMetaData keys;
+    ASSERT_NE(0, document.parser.getOptions("", "", &keys));
+    int integer = kNone;
+    EXPECT_TRUE(keys.findInt32("", &integer));
+    EXPECT_EQ(7, integer);
+    float real = 55;
+    EXPECT_TRUE(keys.findFloat("", &real));
+    EXPECT_EQ(7, real);
+}
 
 class NoNumber : public testing::TestWithParam<const char*> {};
 
