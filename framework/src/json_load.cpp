@@ -17,8 +17,8 @@ constexpr unsigned kIterative = kRecursive | rj::kParseIterativeFlag;
 // Another name for the reader's own way with strings and numbers.
 constexpr unsigned kReadersOwn = kIterative | rj::kParseFullPrecisionFlag;
 
-// Brackets open at once up to which the reader may recurse; tuning files have 3. That takes a sixth fewer
-// instructions than its other way, which keeps the open brackets on the heap.
+// Brackets open at once up to which the reader may recurse; tuning files have 3. That takes fewer instructions
+// than its other way, which keeps the open brackets on the heap.
 constexpr uint32_t kRecursionDepth = 8;
 
 }  // namespace

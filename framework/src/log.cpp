@@ -18,6 +18,7 @@ pthread_rwlock_t g_sink_lock = PTHREAD_RWLOCK_INITIALIZER;
 KaLogSink g_sink = nullptr;
 void* g_sink_user = nullptr;
 
+// The locale's point is all that the formats of this library's messages depend on.
 bool printsNumbersAsInC() {
     return strcmp(nl_langinfo(RADIXCHAR), ".") == 0;
 }

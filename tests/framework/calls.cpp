@@ -102,7 +102,7 @@ ssize_t __wrap_read(int fd, void* to, size_t size) {
         errno = calls.read_errno;
         return -1;
     }
-    if (calls.read_ends) return 0;
+    if (calls.reads_to_end >= 0 && calls.read > calls.reads_to_end) return 0;
     return __real_read(fd, to, calls.read_limit > 0 ? std::min(size, calls.read_limit) : size);
 }
 

@@ -26,7 +26,7 @@ struct Calls {
     int write_interrupts = 0;     // that many writes
     int fstat_errno = 0;          // what fstat fails with
     size_t read_limit = 0;        // bytes that one read delivers at most
-    bool read_ends = false;       // reads find the end of the file
+    int reads_to_end = -1;        // after that many reads the file is at its end
     int pread_errno = 0;
 };
 

@@ -96,6 +96,7 @@ TEST(File, MayHave64MebibytesAndNotOneMore) {
     ScratchFile file(kText);
     EXPECT_EQ(0, truncate(file.path(), static_cast<off_t>(kLimit + 1)));
     EXPECT_EQ(": larger than 64 MiB\n", complaint(file.path()));
+    EXPECT_EQ(0, calls.read);
     EXPECT_EQ("", complaint(ScratchFile(std::string(kLimit - 1, ' ') + "1").path()));
 }
 
@@ -163,8 +164,20 @@ TEST(File, OfUnknownKindIsReported) {
 
 TEST(File, ThatWasEmptiedMeanwhileIsReported) {
     Calls orders;
-    orders.read_ends = true;
+    orders.reads_to_end = 0;
     EXPECT_EQ(": the file is empty\n", complaintAfter(kText, orders));
+}
+
+TEST(File, ThatWasCutMeanwhileIsReadAsFarAsItGoes) {
+    Calls orders;
+    orders.read_limit = 4;
+    orders.reads_to_end = 1;
+    EXPECT_EQ(":1:5: the text ends too early\n", complaintAfter("[12, 3]", orders));
+    const ScratchFile whole("[12], 3");
+    KAJsonParser parser;
+    calls = orders;
+    EXPECT_NE(0, parser.parseFile(whole.path()));
+    calls = {};
 }
 
 TEST(File, ThatCannotBeReadAgainForTheReportIsReportedAsChanged) {

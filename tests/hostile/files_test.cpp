@@ -1,4 +1,5 @@
 // Files that are no tuning files, through every loader: null, one report of the framework, none of the library.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -70,6 +71,10 @@ TEST_F(HostileFile, PipeIsRefusedAtOnce) {
     const std::string path = at("pipe.json");
     ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
     EXPECT_EQ(outcomeOf(path), "not a regular file");
+    const int writer = open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    ASSERT_EQ(write(writer, "{}", 2), 2);
+    EXPECT_EQ(outcomeOf(path), "not a regular file");
+    close(writer);
 }
 
 TEST_F(HostileFile, EndlessDeviceIsRefused) {

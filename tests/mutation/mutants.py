@@ -13,6 +13,9 @@ TOKEN = re.compile(
     re.VERBOSE,
 )
 ROW = re.compile(r"^ +(?:EBO_\w+|[A-Z_]+)\(.*\),(?: *//.*)?$|^ +\{&\w+, .*\},$")
+# A row that fills a field, and a constant of a header.
+FIELD = re.compile(r"^ +((?:EBO_(?!STATUS)\w+|[A-Z]+)\(.*\)),(?: *//.*)?$", re.MULTILINE)
+CONSTANT = re.compile(r"^#define EBO_\w+(?:\(\w+\))? .*|^ +EBO_\w+ = .*?,", re.MULTILINE)
 OTHER_SIGN = {
     "==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">", "&&": "||", "||": "&&", "|=": "&=", "+": "-",
     "-": "+",
@@ -134,11 +137,23 @@ def of_rows(source):
             yield one.start(), next_one.end(), lambda _, both=both: both, "rows exchanged"
 
 
+def of_fields(source):
+    for row in FIELD.finditer(source):
+        yield (row.start(1), row.end(1),
+               lambda whole: f"[] {{ EboKeyRow r_ = {whole}; r_.offset += 4; return r_; }}()", "offset")  # fmt: skip
+
+
+def of_header(source):
+    for line in CONSTANT.finditer(source):
+        yield from of_constants(TOKEN.finditer(source, line.start() + 1, line.end()))
+
+
 def mutants(file, source):
     # Directives and comments are not mutated; a condition of the preprocessor is no decision at run time.
     tokens = [t for t in TOKEN.finditer(source) if t.lastgroup != "skip"]
-    for changes in (of_conditions(tokens), of_constants(tokens), of_operators(source, tokens), of_statements(tokens),
-                    of_releases(source), of_rows(source)):  # fmt: skip
+    kinds = (of_conditions(tokens), of_constants(tokens), of_operators(source, tokens), of_statements(tokens),
+             of_releases(source), of_rows(source), of_fields(source))  # fmt: skip
+    for changes in (of_header(source),) if file.endswith(".h") else kinds:
         for begin, end, change, kind in changes:
             was = source[begin:end]
             becomes = change(was)

@@ -10,6 +10,7 @@ import json
 import os
 import random
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -23,6 +24,7 @@ ENOUGH = 95  # percent
 SANITIZER = "-fsanitize=address"  # of the library alone, to see what it reads and writes beyond its bounds
 SANITIZED = {**os.environ, "ASAN_OPTIONS": "detect_leaks=0:hard_rss_limit_mb=2048"}
 TIME_LIMIT = 60  # seconds of the processor's time for one test executable; the slowest takes about seven
+HEADERS = ["config/ebo_log.h", "config/ebo_params.h"]  # those with constants that a host sees
 # By the start of the mutated file's name: the tests that are likely to fail, and so come first.
 FIRST = {"config/dump/": ("dumps",), "config/ebo_lifecycle": ("lifecycle", "create"), "config/parse/loaders": ("load",)}
 
@@ -52,6 +54,8 @@ class Mutation:
         self.link = {test: link_command(build, test) for test in tests}
         self.objects = {}
         for file, text in sources.items():
+            if file.endswith(".h"):
+                continue
             self.objects[file] = os.path.join(folder, file.replace("/", "-") + ".o")
             if not self.compile(file, text, self.objects[file]):
                 raise RuntimeError(f"cannot compile {file}")
@@ -62,12 +66,31 @@ class Mutation:
         include = f"-iquote {os.path.abspath(os.path.dirname(file))}"
         return self.succeeds(f"{self.compile_command[file]} -w {SANITIZER} {include} -o {output} -c {output}.cpp")
 
+    def compile_mutant(self, file, text, folder):
+        """The library's objects with this text in place of the file; None when that does not compile."""
+        if file.endswith(".cpp"):
+            output = os.path.join(folder, "mutant.o")
+            return {**self.objects, file: output} if self.compile(file, text, output) else None
+        # All sources see a header: they are compiled from a copy.
+        copy = os.path.join(folder, "config")
+        shutil.copytree("config", copy, dirs_exist_ok=True)
+        with open(os.path.join(folder, file), "w", encoding="utf-8") as to:
+            to.write(text)
+        objects = {}
+        for source in self.objects:
+            objects[source] = os.path.join(folder, source.replace("/", "-") + ".o")
+            command = self.compile_command[source].replace(os.path.abspath("config"), copy)
+            command += f" -w {SANITIZER} -o {objects[source]} -c {os.path.join(folder, source)}"
+            if not self.succeeds(command):
+                return None
+        return objects
+
     def passes(self, file, text, folder):
         """Whether all tests pass with this text in place of the file; None when that does not compile."""
-        output = os.path.join(folder, "mutant.o")
-        if not self.compile(file, text, output):
+        objects = self.compile_mutant(file, text, folder)
+        if not objects:
             return None
-        objects = " ".join({**self.objects, file: output}.values())
+        objects = " ".join(objects.values())
         first = next((tests for start, tests in FIRST.items() if file.startswith(start)), ("-",))
         program = os.path.join(folder, "test")
         for test in sorted(self.link, key=lambda name: not name.startswith(first)):
@@ -84,7 +107,7 @@ class Mutation:
 
 def main(build, count, *tests):
     sources = {}
-    for file in sorted(glob.glob("config/**/*.cpp", recursive=True)):
+    for file in sorted([*glob.glob("config/**/*.cpp", recursive=True), *HEADERS]):
         with open(file, encoding="utf-8") as source:
             sources[file] = source.read()
     with tempfile.TemporaryDirectory() as folder:
