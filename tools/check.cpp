@@ -64,7 +64,7 @@ ExitStatus check(const CheckOptions& options) {
     const bool problems = std::any_of(reports.begin(), reports.end(), [&](const CheckReport& report) {
         return report.count(CheckLevel::Error) > 0 || (options.strict && !report.findings.empty());
     });
-    return problems || !std::cout ? kProblems : kClean;
+    return problems ? kProblems : kClean;
 }
 
 }  // namespace

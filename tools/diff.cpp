@@ -89,7 +89,7 @@ ExitStatus run(const DiffOptions& options) {
     } else if (!equal) {
         printText(options, differences);
     }
-    if (std::fflush(stdout) != 0) return kTrouble;
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) return kTrouble;
     return equal ? kSame : kDifferent;
 }
 

@@ -26,9 +26,14 @@ void tell(const DumpOptions& options, const char* what, const char* root) {
     }
 }
 
+bool refuse(const DumpOptions& options, const char* what) {
+    std::fprintf(stderr, "eboconf: %s: the %s does not load\n", options.file.c_str(), what);
+    return false;
+}
+
 bool dumpAec(const DumpOptions& options) {
     const AecRecord aec(parseEboAecConfigs(options.file.c_str()));
-    if (!aec) return false;
+    if (!aec) return refuse(options, "echo canceller");
     tell(options, "echo canceller", "ebo_configs");
     printLines(dumpLines([&] { dumpEboAecConfig(aec.get()); }));
     return true;
@@ -36,7 +41,7 @@ bool dumpAec(const DumpOptions& options) {
 
 bool dumpBeamForm(const DumpOptions& options) {
     const BeamFormRecord bf(parseEboBeamFormConfigs(options.file.c_str()));
-    if (!bf) return false;
+    if (!bf) return refuse(options, "beamformer");
     tell(options, "beamformer", "ebo_configs");
     printLines(dumpLines([&] { dumpEboBeamFormConfig(bf.get()); }));
     return true;
@@ -46,7 +51,9 @@ bool dumpBeamForm(const DumpOptions& options) {
 // one.
 bool dumpAo(const DumpOptions& options) {
     const PlaybackRoot ebo(parseEboAoConfigs(options.file.c_str()));
-    if (!ebo || (ebo->rx->anr == nullptr && ebo->rx->howl == nullptr)) return false;
+    if (!ebo || (ebo->rx->anr == nullptr && ebo->rx->howl == nullptr)) {
+        return refuse(options, "playback path");
+    }
     tell(options, "playback", "ebo_ao_configs");
     printLines(dumpLines([&] { dumpEboAoConfig(ebo->rx); }));
     return true;
@@ -55,7 +62,7 @@ bool dumpAo(const DumpOptions& options) {
 // Gain control has no dump of its own: its record is hung in an otherwise empty beamformer.
 bool dumpAgc(const DumpOptions& options) {
     const AgcRecord agc(parseEboAgcConfigsFile(options.file.c_str()));
-    if (!agc) return false;
+    if (!agc) return refuse(options, "gain control");
     tell(options, "gain control", "ebo_agc_configs");
     EboBeamFormParam bf = {};
     bf.model_en = EBO_BF_AGC;
@@ -77,7 +84,7 @@ bool hasPlayback(const std::string& file) {
 
 bool dumpFull(const DumpOptions& options) {
     const CaptureRoot ebo(parseEboConfigs(options.file.c_str()));
-    if (!ebo) return false;
+    if (!ebo) return refuse(options, "capture path");
     tell(options, "echo canceller", "ebo_configs");
     tell(options, "beamformer", "ebo_configs");
     printLines(dumpLines([&] {

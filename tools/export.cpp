@@ -37,7 +37,7 @@ void addExportCommand(CLI::App& app, ExitStatus& status) {
         app.add_subcommand("export", "Writes what a file loads back as a complete, canonical tuning file");
     auto options = std::make_shared<ExportOptions>();
     CLI::Option* part = addPartOption(*command, options->part);
-    CLI::Option* file = command->add_option("FILE", options->file, "Tuning file");
+    CLI::Option* file = command->add_option("FILE", options->file, "Tuning file; - is standard input");
     CLI::Option* defaults =
         command->add_flag("--defaults", options->defaults, "The built-in defaults instead of a file");
     defaults->excludes(file)->excludes(part);

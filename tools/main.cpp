@@ -1,9 +1,16 @@
 // eboconf: reads and prints tuning files at the desk.
+#include <algorithm>
 #include <cstdio>
 
 #include "commands.h"
 
 namespace {
+
+bool isCommand(const CLI::App& app, const char* name) {
+    const auto named =
+        app.get_subcommands([name](const CLI::App* command) { return command->get_name() == name; });
+    return !named.empty();
+}
 
 ExitStatus run(int argc, char** argv) {
     ExitStatus status = kLoaded;
@@ -22,6 +29,11 @@ ExitStatus run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
+        if (argc > 1 && argv[1][0] != '-' && !isCommand(app, argv[1])) {
+            std::fprintf(stderr, "There is no command \"%s\"\nRun with --help for more information.\n",
+                         argv[1]);
+            return kUsage;
+        }
         return app.exit(error) == 0 ? kLoaded : kUsage;
     }
     return status;
@@ -31,9 +43,10 @@ ExitStatus run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
     const ExitStatus status = run(argc, argv);
-    if (std::fflush(stdout) != 0) {
+    // What was written early may have failed early.
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         std::perror("eboconf: standard output");
-        return kNotLoaded;
+        return std::max(status, kNotLoaded);
     }
     return status;
 }

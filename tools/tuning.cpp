@@ -44,13 +44,14 @@ bool isOf(Part part, const EboSection* section) {
 
 bool loadCapture(Load& load, Part part) {
     constexpr int kMaxChannels = 16;
+    load.root = kCaptureRoot;
     Tuning& tuning = load.tuning;
     tuning.capture.reset(newRoot());
     tuning.channels = part == Part::BeamForm ? 0 : channelsAskedFor(*load.document);
     if (tuning.channels > kMaxChannels) {
         ka_err(0, 2, "eboconf",
-               "mic_chn_map asks for %d channels: a device aborts, Assertion chns <= 16 failed", __func__,
-               __LINE__, tuning.channels);
+               "mic_chn_map asks for %d channels: a device aborts, Assertion chns <= 16 failed",
+               kEboAecSection.function, __LINE__, tuning.channels);
         return false;
     }
     for (const EboLoadStep& step : kEboLoadOrder) {
@@ -65,6 +66,7 @@ bool loadCapture(Load& load, Part part) {
 // The loader itself takes a playback path of which nothing could be read; at the desk that is a file without
 // one.
 bool loadPlayback(Load& load) {
+    load.root = kPlaybackRoot;
     load.tuning.playback.reset(newRoot());
     KAEboParam& root = *load.tuning.playback;
     root.model_en = EBO_PATH_RX;
@@ -75,6 +77,7 @@ bool loadPlayback(Load& load) {
 }
 
 bool loadGain(Load& load) {
+    load.root = kGainRoot;
     Tuning& tuning = load.tuning;
     tuning.gain.reset(parseEboAgcConfigs(load.document.get(), kGainRoot, &tuning.gainMask));
     return tuning.gain != nullptr;
@@ -122,6 +125,12 @@ std::string whyNotLoaded(const Load& load, const std::string& file) {
     const auto last = std::find_if(load.messages.rbegin(), load.messages.rend(),
                                    [](const LogMessage& message) { return message.error; });
     if (last == load.messages.rend()) return file + ": does not load";
-    if (last->function == "parseFile") return last->text;  // names the file itself
-    return file + ": does not load: " + last->text + " (" + last->function + ")";
+    if (load.root == nullptr) return last->text;  // names the file itself
+    std::string place = "\"" + std::string(load.root) + "\"";
+    for (const EboLoadStep& step : kEboLoadOrder) {
+        if (last->function == step.section->function) {
+            place = "\"" + std::string(step.section->name) + "\" of " + place;
+        }
+    }
+    return file + ": does not load: " + last->text + ", in " + place;
 }

@@ -33,6 +33,7 @@ enum class Part { File, Aec, BeamForm, Playback, Gain };
 struct Load {
     Tuning tuning;
     bool loaded = false;
+    const char* root = nullptr;              // root object at which the load failed; null when it is not JSON
     std::vector<LogMessage> messages;        // of the framework and of the section readers, in order
     std::unique_ptr<KAJsonParser> document;  // open as long as this object when the file is JSON
 };

@@ -66,16 +66,19 @@ struct WhyCase {
 
 TEST(Tuning, SaysInTheLoadersWordsWhyAFileDoesNotLoad) {
     const WhyCase cases[] = {
-        {"{}", "FILE: does not load: find aec status failed (parseEboAecConfigs)"},
-        {R"({"ebo_configs": {}})", "FILE: does not load: find aec status failed (parseEboAecConfigs)"},
-        {R"({"ebo_agc_configs": {}})", "FILE: does not load: find agc status failed (parseEboAgcConfigs)"},
-        {R"({"ebo_ao_configs": {}})", "FILE: does not load: find howl status failed (parseEboHowlConfigs)"},
+        {"{}", "FILE: does not load: find aec status failed, in \"aec\" of \"ebo_configs\""},
+        {R"({"ebo_configs": {}})",
+         "FILE: does not load: find aec status failed, in \"aec\" of \"ebo_configs\""},
+        {R"({"ebo_agc_configs": {}})",
+         "FILE: does not load: find agc status failed, in \"agc\" of \"ebo_agc_configs\""},
+        {R"({"ebo_ao_configs": {}})",
+         "FILE: does not load: find howl status failed, in \"howl\" of \"ebo_ao_configs\""},
         {"[", "FILE:1:2: "},
         {R"({"ebo_configs": {"aec": {"status": "", "mic_chn_map": "17 chn;map:1"}}})",
          "FILE: does not load: mic_chn_map asks for 17 channels: a device aborts, Assertion chns <= 16 "
-         "failed"},
+         "failed, in \"aec\" of \"ebo_configs\""},
         {R"({"ebo_configs": {"aec": {"mic_chn_map": "17 chn;map:1"}}})",
-         "FILE: does not load: find aec status failed (parseEboAecConfigs)"},
+         "FILE: does not load: find aec status failed, in \"aec\" of \"ebo_configs\""},
     };
     const std::string file = testing::TempDir() + std::to_string(getpid()) + "-tuning-why.json";
     for (const WhyCase& c : cases) {
