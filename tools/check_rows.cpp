@@ -4,6 +4,7 @@
 #include <parse/section_reader.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <string_view>
@@ -71,7 +72,26 @@ std::string storedChannels(const EboSection& section, const EboKeyRow& row, cons
     return commaList(words);
 }
 
-std::string howToSeparate(const EboKeyRow& row) {
+// As in "1,0  0,85  0,7". `rest` follows the number `written`.
+bool isDecimalComma(const EboKeyRow& row, std::string_view written, std::string_view rest) {
+    if (row.kind != EboKeyKind::FloatRow || written.empty() || written.find('.') != std::string_view::npos)
+        return false;
+    const size_t digits = rest.find_first_not_of("0123456789", 1);
+    return rest.size() > 1 && rest[0] == ',' && digits != 1 &&
+           (digits == std::string_view::npos || rest[digits] == ' ');
+}
+
+// Empty when a number ends where `rest` begins.
+std::string helpWithFraction(const EboKeyRow& row, std::string_view written, std::string_view rest) {
+    if (isDecimalComma(row, written, rest)) return "write a decimal point, not a decimal comma";
+    if (row.kind != EboKeyKind::FloatRow && !written.empty() && rest[0] == '.')
+        return "write whole numbers only";
+    return {};
+}
+
+std::string howToSeparate(const EboKeyRow& row, char rest, size_t wanted) {
+    if (rest == '%' || std::isalpha(static_cast<unsigned char>(rest)) != 0)
+        return "write " + countOf(wanted, "number") + " without words and units";
     return hasCommas(row) ? "put a comma directly behind each number, with no blank before it"
                           : "separate the numbers by blanks only";
 }
@@ -81,23 +101,27 @@ void judgeCount(const EboKeyRow& row, size_t found, std::string_view lastWritten
                 size_t wanted, const std::string& stored, std::vector<RowFinding>& findings) {
     const std::string key = quoted(row.key);
     const std::string device = "goes on, and stores " + stored;
+    const std::string fraction = *rest != '\0' ? helpWithFraction(row, lastWritten, rest) : std::string();
+    const bool isMap = row.kind == EboKeyKind::ChannelMap;
     if (found >= wanted) {
         if (found == wanted && *rest == '\0') return;
+        const std::string leaveOut = "leave out what stands behind " + countOf(wanted, "number") +
+                                     (isMap && found > wanted ? ", or correct the count" : "");
         findings.push_back(
             {&kTooManyNumbers,
              key + " goes on behind " + countOf(wanted, "number") + ", which is all that is read", device,
-             "leave out what stands behind " + countOf(wanted, "number")});
+             fraction.empty() ? leaveOut : fraction});
     } else if (*rest == '\0') {
         findings.push_back(
             {&kTooFewNumbers,
              key + " has " + countOf(found, "number") + " where " + std::to_string(wanted) + " are read",
-             device, "write " + countOf(wanted, "number")});
+             device, "write " + countOf(wanted, "number") + (isMap ? ", or correct the count" : "")});
     } else {
         const std::string where =
             found == 0 ? " at its start"
                        : " behind " + quoted(lastWritten) + ", number " + std::to_string(found);
         findings.push_back({&kBadSeparator, key + " can be read only up to " + quoted({rest, 1}) + where,
-                            device, howToSeparate(row)});
+                            device, fraction.empty() ? howToSeparate(row, *rest, wanted) : fraction});
     }
 }
 

@@ -126,8 +126,8 @@ private:
             big ? quoted(row.key) + " does not fit 32 bits"
                 : quoted(row.key) + " is " + typeOf(*item) + " and must be " + typeWanted(row);
         const CheckPlace place = context_.source.valueOf(*item);
-        const std::string help =
-            big ? "write an integer from -2147483648 to 2147483647" : howToMend(row, *item);
+        const std::string help = big ? "write an integer from -2147483648 to 2147483647"
+                                     : howToMend(row, *item, context_.source.insideArray(*item));
         if (row.missing == nullptr) {
             context_.add(big ? kBeyond32LeftOut : kWrongTypeLeftOut, place, text,
                          "takes the key as missing, which is allowed, and says nothing", help);

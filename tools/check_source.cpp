@@ -66,6 +66,13 @@ size_t CheckSource::charactersBefore(size_t offset) const {
            static_cast<size_t>(std::count_if(from, to, [](char c) { return !continuesCharacter(c); }));
 }
 
+std::string_view CheckSource::insideArray(const KaJsonItem& item) const {
+    const size_t begin = size_t{item.value_offset} + 1;
+    const size_t end = text_.find(']', begin);
+    if (item.kind != KaJsonKind::kArray || end == std::string::npos) return {};
+    return text().substr(begin, end - begin);
+}
+
 CheckPlace CheckSource::nameOf(const KaJsonItem& item) const {
     return place(item.name_offset - 1, endOfString(item.name_offset) - item.name_offset + 1);
 }

@@ -29,6 +29,9 @@ public:
     static std::string_view value(const KaJsonItem& item) { return {item.value, item.value_length}; }
     static std::string_view name(const KaJsonItem& item) { return {item.name, item.name_length}; }
 
+    // What stands between its '[' and the next ']'; empty of anything else.
+    std::string_view insideArray(const KaJsonItem& item) const;
+
     // Both with their quotes; of an object or array its first bracket.
     CheckPlace nameOf(const KaJsonItem& item) const;
     CheckPlace valueOf(const KaJsonItem& item) const;

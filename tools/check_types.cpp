@@ -26,6 +26,28 @@ std::string wholeNumber(double value) {
     return std::abs(rounded) < 2147483648.0 ? std::to_string(static_cast<int32_t>(rounded)) : std::string();
 }
 
+// The text that an array of numbers makes, such as "1,0" of [1, 0]; empty when the row takes no such text.
+std::string textOf(const EboKeyRow& row, std::string_view array) {
+    const bool isMap = row.kind == EboKeyKind::ChannelMap;
+    const bool isFloats = row.kind == EboKeyKind::FloatRow;
+    if (!isMap && !isFloats && row.kind != EboKeyKind::IntRow && row.kind != EboKeyKind::IntList) return {};
+    if (array.find_first_not_of(isFloats ? "0123456789+-.eE, \t\r\n" : "0123456789-, \t\r\n") !=
+        std::string_view::npos)
+        return {};
+    std::string text;
+    size_t count = 1;
+    for (const char c : array) {
+        if (c == ',') {
+            text += isMap || row.kind == EboKeyKind::IntList ? ',' : ' ';
+            ++count;
+        } else if (c > ' ') {
+            text += c;
+        }
+    }
+    if (text.empty() || count > row.count || (!isMap && count < row.count)) return {};
+    return isMap ? std::to_string(count) + " chn;map:" + text : text;
+}
+
 }  // namespace
 
 std::string typeOf(const KaJsonItem& item) {
@@ -58,7 +80,7 @@ bool isIntegerBeyond32Bits(const EboKeyRow& row, const KaJsonItem& item) {
            CheckSource::value(item).find_first_of(".eE") == std::string_view::npos;
 }
 
-std::string howToMend(const EboKeyRow& row, const KaJsonItem& item) {
+std::string howToMend(const EboKeyRow& row, const KaJsonItem& item, std::string_view array) {
     const std::string value(CheckSource::value(item));
     double number = 0;
     if (!isText(row) && item.kind == KaJsonKind::kString && isNumberText(value, &number)) {
@@ -70,10 +92,12 @@ std::string howToMend(const EboKeyRow& row, const KaJsonItem& item) {
         const std::string whole = wholeNumber(number);
         if (!whole.empty()) return "write it without fraction and exponent: " + whole;
     }
-    if (isInteger(row) && item.kind == KaJsonKind::kBool) return "write 1 for true, 0 for false";
+    if (row.kind == EboKeyKind::Flag && item.kind == KaJsonKind::kBool)
+        return "write 1 for true, 0 for false";
     if (row.kind == EboKeyKind::Status) return "write \"enable\" or \"disable\"";
     if (isText(row) && item.kind == KaJsonKind::kNumber) return "put it in quotes: " + quoted(value);
-    return "write " + placeholder(row);
+    const std::string text = textOf(row, array);
+    return "write " + (text.empty() ? placeholder(row) : quoted(text));
 }
 
 std::string placeholder(const EboKeyRow& row) {

@@ -14,8 +14,8 @@ std::string typeWanted(const EboKeyRow& row);
 // An integer as written, too large for 32 bits.
 bool isIntegerBeyond32Bits(const EboKeyRow& row, const KaJsonItem& item);
 
-// How to mend a value of the wrong type.
-std::string howToMend(const EboKeyRow& row, const KaJsonItem& item);
+// How to mend a value of the wrong type. `array` is what stands between the brackets of one.
+std::string howToMend(const EboKeyRow& row, const KaJsonItem& item, std::string_view array);
 
 // A value to fill in, for "add it" messages.
 std::string placeholder(const EboKeyRow& row);
