@@ -39,6 +39,7 @@ struct CheckCode {
     ROW(kTooManyNumbers,     "EBO224", Warning, "row or map with too many numbers") \
     ROW(kBadSeparator,       "EBO225", Warning, "row or map with badly separated numbers") \
     ROW(kMapIgnored,         "EBO226", Warning, "channel map without a count") \
+    ROW(kMapChannels,        "EBO227", Warning, "channel map without channels, or with one that is negative or stands twice") \
     ROW(kStatusWord,         "EBO230", Warning, "status that is neither enable nor disable") \
     ROW(kNeverRead,          "EBO231", Warning, "setting that nothing reads") \
     ROW(kDisabledSettings,   "EBO232", Warning, "settings of a disabled section that are not read") \

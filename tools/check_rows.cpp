@@ -7,6 +7,7 @@
 #include <cctype>
 #include <cmath>
 #include <cstdlib>
+#include <set>
 #include <string_view>
 
 #include "check_words.h"
@@ -155,6 +156,26 @@ void judgeOrder(const EboKeyRow& row, const std::vector<Number>& numbers, std::v
                         "stores both as they are", "exchange the two numbers, or mend one of them"});
 }
 
+// `stored` is what a device stores of them.
+void judgeChannels(const EboKeyRow& row, const std::vector<Number>& channels, const std::string& stored,
+                   std::vector<RowFinding>& findings) {
+    std::set<int32_t> seen;
+    std::string negative;
+    std::string twice;
+    for (const Number& channel : channels) {
+        if (channel.whole < 0) negative = channel.written;
+        if (!seen.insert(channel.whole).second) twice = channel.written;
+    }
+    const std::string names = quoted(row.key) + " names channel ";
+    const std::string device = "goes on, and stores " + stored;
+    if (!negative.empty()) {
+        findings.push_back({&kMapChannels, names + negative + ", and no channel is negative", device,
+                            "write the channel's number, counted from 0"});
+    }
+    if (!twice.empty())
+        findings.push_back({&kMapChannels, names + twice + " twice", device, "write each channel once"});
+}
+
 std::vector<RowFinding> checkMap(const EboSection& section, const EboKeyRow& row, const char* text) {
     constexpr char kExample[] = "write for example \"4 chn;map:1,0,3,2\", or leave the key out";
     const std::string key = quoted(row.key);
@@ -170,11 +191,10 @@ std::vector<RowFinding> checkMap(const EboSection& section, const EboKeyRow& row
     scanner.skipBlanks();
     const bool marked = scanner.literal("chn;map:");
     const char* list = scanner.at();
-    const std::vector<Number> numbers = marked ? scanNumbers(row, scanner) : std::vector<Number>();
+    std::vector<Number> numbers = marked ? scanNumbers(row, scanner) : std::vector<Number>();
     scanner.skipBlanks();
     if (channels <= 0) {
-        if (counted && channels == 0 && marked && numbers.empty()) return {};
-        return {{&kMapIgnored,
+        return {{counted ? &kMapChannels : &kMapIgnored,
                  counted ? key + " names " + std::to_string(channels) + " channels"
                          : key + " does not start with the number of channels",
                  "goes on without a channel map", kExample}};
@@ -189,7 +209,9 @@ std::vector<RowFinding> checkMap(const EboSection& section, const EboKeyRow& row
     std::vector<RowFinding> findings;
     const std::string_view last = numbers.empty() ? list : numbers.back().written;
     judgeCount(row, numbers.size(), last, scanner.at(), wanted, stored, findings);
-    for (size_t i = 0; i < std::min(wanted, numbers.size()); ++i) judgeNumber(row, numbers[i], findings);
+    if (numbers.size() > wanted) numbers.resize(wanted);
+    for (const Number& number : numbers) judgeNumber(row, number, findings);
+    judgeChannels(row, numbers, stored, findings);
     return findings;
 }
 
