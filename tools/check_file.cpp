@@ -96,7 +96,7 @@ void checkPass(CheckContext& context, const CheckPass& pass, CheckNames& roots) 
                           "write " + name + ": { ... }"});
         return;
     }
-    CheckNames names(context.source.children(*root), sectionNames(pass.root), "section");
+    CheckNames names(context.source, context.source.children(*root), sectionNames(pass.root), "section");
     for (const CheckStep& step : pass.steps) checkStep(context, pass, step, *root, names);
     names.report(context, kUnknownSection, " in " + name);
 }
@@ -114,7 +114,7 @@ CheckReport checkFile(const std::string& path, const std::string& part) {
         checkSyntax(context);
         return report;
     }
-    CheckNames roots(source.roots(), rootNames(), "root object");
+    CheckNames roots(source, source.roots(), rootNames(), "root object");
     for (const CheckPass& pass : plan) checkPass(context, pass, roots);
     roots.report(context, kUnknownRoot, "");
     std::stable_sort(

@@ -11,16 +11,29 @@ bool holds(const std::vector<std::string>& names, std::string_view name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
 
-// Where else a name is at home; empty when nowhere.
-std::string homeOf(std::string_view name, std::string_view what) {
-    if (what == "root object") {
-        for (const std::string& root : rootNames()) {
-            if (holds(sectionNames(root), name)) {
-                return quoted(name) + " is a section: move it into " + quoted(root);
-            }
+// Where a section at the top level is at home; empty when nowhere.
+std::string homeOfSection(const CheckSource& source, std::string_view name) {
+    std::string taken;
+    std::string free;
+    for (const std::string& root : rootNames()) {
+        if (!holds(sectionNames(root), name)) continue;
+        const KaJsonItem* item = lastNamed(source.roots(), root);
+        const bool has = item != nullptr && lastNamed(source.children(*item), name) != nullptr;
+        if (has) {
+            taken += (taken.empty() ? "" : " and ") + quoted(root);
+        } else {
+            free += (free.empty() ? "" : " or ") + quoted(root);
         }
-        return {};
     }
+    if (taken.empty() && free.empty()) return {};
+    if (taken.empty()) return quoted(name) + " is a section: move it into " + free;
+    return quoted(name) + " is a section, and stands in " + taken +
+           " already: " + (free.empty() ? "remove this one" : free + " takes one too");
+}
+
+// Where else a name is at home; empty when nowhere.
+std::string homeOf(const CheckSource& source, std::string_view name, std::string_view what) {
+    if (what == "root object") return homeOfSection(source, name);
     if (holds(rootNames(), name)) return quoted(name) + " is a root object: move it to the top level";
     std::string homes;
     for (const EboLoadStep& step : kEboLoadOrder) {
@@ -38,8 +51,9 @@ std::string homeOf(std::string_view name, std::string_view what) {
 
 }  // namespace
 
-CheckNames::CheckNames(CheckSource::Items items, std::vector<std::string> known, const char* what)
-    : items_(std::move(items)), known_(std::move(known)), what_(what) {
+CheckNames::CheckNames(const CheckSource& source, CheckSource::Items items, std::vector<std::string> known,
+                       const char* what)
+    : source_(source), items_(std::move(items)), known_(std::move(known)), what_(what) {
     for (const KaJsonItem* item : items_) last_[CheckSource::name(*item)] = item;
     std::vector<std::string> absent;
     for (const std::string& name : known_) {
@@ -47,7 +61,7 @@ CheckNames::CheckNames(CheckSource::Items items, std::vector<std::string> known,
     }
     for (const KaJsonItem* item : items_) {
         const std::string_view name = CheckSource::name(*item);
-        if (isKnown(name) || !homeOf(name, what_).empty()) continue;
+        if (isKnown(name) || !homeOf(source_, name, what_).empty()) continue;
         const std::string slip = nearestName(name, absent);
         if (!slip.empty()) slips_.emplace(slip, item);
         meant_[item] = slip.empty() ? nearestName(name, known_) : slip;
@@ -73,7 +87,7 @@ const KaJsonItem* CheckNames::takeSlip(const std::string& absent) {
 
 std::string CheckNames::helpFor(const KaJsonItem& item) const {
     const auto meant = meant_.find(&item);
-    if (meant == meant_.end()) return homeOf(CheckSource::name(item), what_);
+    if (meant == meant_.end()) return homeOf(source_, CheckSource::name(item), what_);
     if (meant->second.empty()) return "remove it, or keep it as a note to yourself";
     const bool there = last(meant->second) != nullptr;
     return "did you mean " + quoted(meant->second) + (there ? ", which is there already?" : "?");

@@ -11,8 +11,10 @@
 
 class CheckNames {
 public:
-    // `what` is "root object", "section" or "key"; `known` are the names that belong here.
-    CheckNames(CheckSource::Items items, std::vector<std::string> known, const char* what);
+    // `what` is "root object", "section" or "key"; `known` are the names that belong here. The source, to which
+    // the items belong, must outlive it.
+    CheckNames(const CheckSource& source, CheckSource::Items items, std::vector<std::string> known,
+               const char* what);
 
     const KaJsonItem* last(const std::string& name) const;
 
@@ -30,6 +32,7 @@ private:
     std::string helpFor(const KaJsonItem& item) const;
     bool isKnown(std::string_view name) const;
 
+    const CheckSource& source_;
     const CheckSource::Items items_;
     const std::vector<std::string> known_;
     const std::string what_;

@@ -26,7 +26,7 @@ public:
           step_(step),
           section_(*step.section),
           item_(item),
-          names_(context.source.children(item), keyNames(*step.section), "key"),
+          names_(context.source, context.source.children(item), keyNames(*step.section), "key"),
           record_(section_.recordSize / sizeof(uint64_t) + 1) {
         context.source.section(pass.root, section_.name, &keys_);
     }
