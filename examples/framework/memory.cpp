@@ -1,7 +1,8 @@
-#include <dlfcn.h>
+#include <link.h>
 #include <locale.h>
 #include <strings.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
@@ -9,10 +10,21 @@
 
 namespace {
 
-// A record may point at a table of the library itself, which is not to be released.
-bool isStatic(const void* memory) {
-    Dl_info image;
-    return dladdr(memory, &image) != 0;
+// Called once per executable or library in memory; non-zero ends the walk: the address lies in this one.
+int holdsAddress(dl_phdr_info* image, size_t, void* address) {
+    for (int i = 0; i < image->dlpi_phnum; ++i) {
+        const auto& segment = image->dlpi_phdr[i];
+        const uintptr_t begin = image->dlpi_addr + segment.p_vaddr;
+        const uintptr_t distance = reinterpret_cast<uintptr_t>(address) - begin;
+        if (segment.p_type == PT_LOAD && distance < segment.p_memsz) return 1;
+    }
+    return 0;
+}
+
+// A record may point at a table of the library itself, which is not to be released. Not by dladdr, which knows nothing
+// in a program that is linked with -static.
+bool isStatic(void* memory) {
+    return dl_iterate_phdr(holdsAddress, memory) != 0;
 }
 
 }  // namespace
