@@ -1,6 +1,6 @@
-# Components: `config` is what a host that brings its own framework builds with, `config_runtime` the shared library that
-# it then runs with; `framework` and `framework_runtime` are the same of the embedded framework; `tool` is eboconf with
-# its man page, completions, schema and examples.
+# Components: `config` is what a host builds with, `config_runtime` the shared library that it then runs with;
+# `framework` and `framework_runtime` are the same of the embedded framework, where the library stands on that; `tool` is
+# eboconf with its man page, completions, schema and examples.
 include(CMakePackageConfigHelpers)
 
 set(cmake_dir "${CMAKE_INSTALL_LIBDIR}/cmake/ebo_config")
@@ -19,6 +19,11 @@ install(FILES config/ebo_config.h config/ebo_lifecycle.h config/ebo_params.h
 install(FILES config/parse/ebo_parse.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config/parse COMPONENT config)
 install(FILES config/dump/ebo_dump.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config/dump COMPONENT config)
 
+if(EBO_FRAMEWORK_DIR)
+  set(EBO_EMBEDDED_FRAMEWORK OFF)
+else()
+  set(EBO_EMBEDDED_FRAMEWORK ON)
+endif()
 configure_package_config_file(cmake/ebo_config-config.cmake.in "${PROJECT_BINARY_DIR}/ebo_config-config.cmake"
   INSTALL_DESTINATION ${cmake_dir})
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/ebo_config-config-version.cmake"
@@ -26,7 +31,7 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/ebo_config-config-versio
 install(FILES "${PROJECT_BINARY_DIR}/ebo_config-config.cmake" "${PROJECT_BINARY_DIR}/ebo_config-config-version.cmake"
   DESTINATION ${cmake_dir} COMPONENT config)
 
-if(TARGET ka_framework)
+if(EBO_EMBEDDED_FRAMEWORK)
   set(libraries ka_framework)
   set_target_properties(ka_framework PROPERTIES EXPORT_NAME framework)
   if(TARGET ka_framework_shared)

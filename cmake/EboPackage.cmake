@@ -1,4 +1,4 @@
-# Debian packages, one for each component of the installation: cpack -G DEB
+# Debian packages over the embedded framework, one for each component of the installation: cpack -G DEB
 set(CPACK_PACKAGE_NAME ebo-config)
 set(CPACK_PACKAGE_VENDOR "ebo_config developers")
 set(CPACK_PACKAGE_CONTACT "ebo_config developers <ebo-config@example.org>")
@@ -24,7 +24,7 @@ endfunction()
 ebo_debian_package(tool ebo-config-tools sound "Command-line tool for tuning files of the voice pipeline")
 if(EBO_BUILD_SHARED)
   ebo_debian_package(config libebo-config-dev libdevel "Tuning files of the voice pipeline, for building"
-    "libebo-config${PROJECT_VERSION_MAJOR} ${version}")
+    "libebo-config${PROJECT_VERSION_MAJOR} ${version}, libka-framework-dev ${version}")
   ebo_debian_package(config_runtime libebo-config${PROJECT_VERSION_MAJOR} libs "Tuning files of the voice pipeline"
     "libka-framework${PROJECT_VERSION_MAJOR} ${version}")
   ebo_debian_package(framework libka-framework-dev libdevel "Embedded host framework of ebo_config, for building"
@@ -32,7 +32,8 @@ if(EBO_BUILD_SHARED)
   ebo_debian_package(framework_runtime libka-framework${PROJECT_VERSION_MAJOR} libs
     "Embedded host framework of ebo_config")
 else()
-  ebo_debian_package(config libebo-config-dev libdevel "Tuning files of the voice pipeline, for building")
+  ebo_debian_package(config libebo-config-dev libdevel "Tuning files of the voice pipeline, for building"
+    "libka-framework-dev ${version}")
   ebo_debian_package(framework libka-framework-dev libdevel "Embedded host framework of ebo_config, for building")
 endif()
 include(CPack)

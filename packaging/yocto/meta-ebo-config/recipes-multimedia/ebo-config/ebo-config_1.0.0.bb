@@ -13,7 +13,7 @@ EXTRA_OECMAKE = "-DEBO_BUILD_TESTS=OFF -DEBO_BUILD_SHARED=ON"
 PACKAGECONFIG ??= ""
 PACKAGECONFIG[tool] = "-DEBO_BUILD_TOOLS=ON,-DEBO_BUILD_TOOLS=OFF,cli11 nlohmann-json"
 
-# The embedded framework and the tool are packages of their own: a host with its own framework leaves the former out.
+# The embedded framework, on which the library stands, and the tool are packages of their own.
 PACKAGES =+ "ka-framework ${PN}-tools"
 FILES:ka-framework = "${libdir}/libka_framework.so.*"
 FILES:${PN}-tools = "${bindir}/eboconf ${datadir}/ebo_config ${datadir}/bash-completion ${datadir}/zsh ${datadir}/fish"
