@@ -71,7 +71,7 @@ ExitStatus check(const CheckOptions& options) {
 
 void addCheckCommand(CLI::App& app, ExitStatus& status) {
     CLI::App* command = app.add_subcommand(
-        "check", "Finds everything wrong with tuning files, and says what a device will do");
+        "check", "Finds all faults of tuning files at once, and says what a device will do");
     auto options = std::make_shared<CheckOptions>();
     command->add_option("--part", options->part, "Loader that will read the files")
         ->check(CLI::IsMember(checkParts()))

@@ -194,6 +194,7 @@ std::vector<RowFinding> checkMap(const EboSection& section, const EboKeyRow& row
     std::vector<Number> numbers = marked ? scanNumbers(row, scanner) : std::vector<Number>();
     scanner.skipBlanks();
     if (channels <= 0) {
+        if (counted && channels == 0 && numbers.empty()) return {};  // that is how to ask for none
         return {{counted ? &kMapChannels : &kMapIgnored,
                  counted ? key + " names " + std::to_string(channels) + " channels"
                          : key + " does not start with the number of channels",
