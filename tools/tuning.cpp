@@ -126,11 +126,10 @@ std::string whyNotLoaded(const Load& load, const std::string& file) {
                                    [](const LogMessage& message) { return message.error; });
     if (last == load.messages.rend()) return file + ": does not load";
     if (load.root == nullptr) return last->text;  // names the file itself
-    std::string place = "\"" + std::string(load.root) + "\"";
+    std::string section;
     for (const EboLoadStep& step : kEboLoadOrder) {
-        if (last->function == step.section->function) {
-            place = "\"" + std::string(step.section->name) + "\" of " + place;
-        }
+        if (last->function != step.section->function) continue;
+        section.append("\"").append(step.section->name).append("\" of ");
     }
-    return file + ": does not load: " + last->text + ", in " + place;
+    return file + ": does not load: " + last->text + ", in " + section + "\"" + load.root + "\"";
 }
