@@ -1,4 +1,4 @@
-// Takes the log of this framework from standard error into the program's own hands.
+// Takes the log of this framework from standard error into the program's own hands, and makes it quieter.
 #pragma once
 
 #include <ka/framework.h>
@@ -25,5 +25,9 @@ using KaLogSink = void (*)(const KaLogMessage& message, void* user);
 // installed. `user` is handed on. On return the former sink is in no call any more, and its `user` may go.
 void ka_install_log_sink(KaLogSink sink, void* user);
 void ka_remove_log_sink();
+
+// From now on messages above `level` are dropped before they are formatted, with a sink and without: 2 leaves the
+// errors, 4 the wake-up mode besides, 5 all that a load or dump has to say. A process starts with INT_MAX.
+void ka_set_log_level(int level);
 
 #pragma GCC visibility pop

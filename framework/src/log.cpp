@@ -3,7 +3,9 @@
 #include <pthread.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
+#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +16,7 @@
 
 namespace {
 
+std::atomic<int> g_level{INT_MAX};  // of the messages that are let through
 pthread_rwlock_t g_sink_lock = PTHREAD_RWLOCK_INITIALIZER;
 KaLogSink g_sink = nullptr;
 void* g_sink_user = nullptr;
@@ -73,6 +76,7 @@ private:
 __attribute__((format(printf, 5, 0))) void deliver(bool error, unsigned int channel, int level,
                                                    const char* tag, const char* format, const char* function,
                                                    int line, va_list arguments) {
+    if (level > g_level.load(std::memory_order_relaxed)) return;
     const int former_errno = errno;
     const Text text(format, arguments);
     const KaLogMessage message = {channel, level, tag, function, line, format, text.get(), error};
@@ -97,6 +101,10 @@ void ka_install_log_sink(KaLogSink sink, void* user) {
 
 void ka_remove_log_sink() {
     ka_install_log_sink(nullptr, nullptr);
+}
+
+void ka_set_log_level(int level) {
+    g_level.store(level, std::memory_order_relaxed);
 }
 
 void ka_err(unsigned int channel, int level, const char* tag, const char* format, const char* function,

@@ -5,7 +5,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
+#include <cstring>
 #include <string>
 #include <thread>
 #include <vector>
@@ -293,6 +295,67 @@ TEST(LogSink, MayLog) {
     ka_remove_log_sink();
     EXPECT_EQ((std::vector<std::string>{"x", "about: x"}), texts);
 }
+
+// Sets the level for as long as it lives.
+class LogLevel {
+public:
+    explicit LogLevel(int level) { ka_set_log_level(level); }
+    ~LogLevel() { ka_set_log_level(INT_MAX); }
+    LogLevel(const LogLevel&) = delete;
+    LogLevel& operator=(const LogLevel&) = delete;
+};
+
+void sendOneOfEachLevel() {
+    ka_err(1, 2, "T", "%500d", "f", 1, 2);
+    ka_log(1, 4, "T", "%600d", "f", 1, 4);
+    ka_log(1, 5, "T", "%700d", "f", 1, 5);
+}
+
+struct LevelRow {
+    const char* name;
+    int level;
+    std::string passed;  // last characters of the messages
+    int long_ones;       // messages too long for the stack: formatted, they take memory
+};
+
+class LogLevelOf : public testing::TestWithParam<LevelRow> {};
+
+TEST_P(LogLevelOf, LetsNoHigherOnePassToTheSinkNorFormatsIt) {
+    const LogLevel level(GetParam().level);
+    std::string passed;  // too short to take memory
+    ka_install_log_sink(
+        [](const KaLogMessage& message, void* user) {
+            *static_cast<std::string*>(user) += message.text[strlen(message.text) - 1];
+        },
+        &passed);
+    calls = {};
+    sendOneOfEachLevel();
+    EXPECT_EQ(GetParam().long_ones, calls.allocations);
+    ka_remove_log_sink();
+    EXPECT_EQ(GetParam().passed, passed);
+}
+
+TEST_P(LogLevelOf, LetsNoHigherOnePassToStandardError) {
+    const LogLevel level(GetParam().level);
+    std::string passed;
+    const std::string all = lines(sendOneOfEachLevel);
+    for (size_t i = 1; i < all.size(); ++i) {
+        if (all[i] == '\n') passed += all[i - 1];
+    }
+    EXPECT_EQ(GetParam().passed, passed);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(, LogLevelOf, testing::Values(
+    LevelRow{"Lowest", INT_MIN, "", 0},
+    LevelRow{"BelowErrors", 1, "", 0},
+    LevelRow{"Errors", 2, "2", 0},
+    LevelRow{"BetweenTwo", 3, "2", 0},
+    LevelRow{"WakeUpMode", 4, "24", 1},
+    LevelRow{"Information", 5, "245", 2},
+    LevelRow{"Highest", INT_MAX, "245", 2}),
+    [](const auto& row) { return row.param.name; });
+// clang-format on
 
 TEST(LogSink, SeesNumbersAlikeInEveryLocaleAndNull) {
     const CommaLocale comma;
