@@ -80,7 +80,7 @@ void addCheckCommand(CLI::App& app, ExitStatus& status) {
     command->add_option("--format", options->format, "Form of the report")
         ->check(CLI::IsMember({"text", "json", "sarif"}))
         ->capture_default_str();
-    command->add_option("FILE", options->files, "Tuning files")->required();
+    command->add_option("FILE", options->files, "Tuning files; - is standard input")->required();
     command->footer("Exit status: 0 clean, 1 problems found, 2 wrong usage.");
     command->callback([options, &status] { status = check(*options); });
 }

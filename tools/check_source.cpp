@@ -4,6 +4,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "spool.h"
+
 namespace {
 
 constexpr size_t kQuoteReach = 200;  // bytes quoted on each side of a mark
@@ -16,13 +18,14 @@ bool continuesCharacter(char c) {
 }  // namespace
 
 CheckSource::CheckSource(const std::string& path) {
-    parser_.parseFile(path.c_str());
+    const SpooledFile spooled(path);
+    parser_.parseFile(spooled.path().c_str());
     KAJsonTable table(parser_);
     error_ = table.error();
     for (KaJsonItem item = {}; table.next(&item);) items_.push_back(item);
     if (error_.reason != nullptr && error_.line == 0) return;
 
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(spooled.path(), std::ios::binary);
     text_.assign(std::istreambuf_iterator<char>(file), {});
     lines_.push_back(0);
     for (size_t i = 0; i < text_.size(); ++i) {

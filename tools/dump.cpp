@@ -11,6 +11,7 @@
 #include "commands.h"
 #include "dump_lines.h"
 #include "records.h"
+#include "spool.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ struct DumpOptions {
     std::string part = "full";
     bool verbose = false;
     std::string file;
+    std::string path;  // what to open in its place
 };
 
 void tell(const DumpOptions& options, const char* what, const char* root) {
@@ -32,7 +34,7 @@ bool refuse(const DumpOptions& options, const char* what) {
 }
 
 bool dumpAec(const DumpOptions& options) {
-    const AecRecord aec(parseEboAecConfigs(options.file.c_str()));
+    const AecRecord aec(parseEboAecConfigs(options.path.c_str()));
     if (!aec) return refuse(options, "echo canceller");
     tell(options, "echo canceller", "ebo_configs");
     printLines(dumpLines([&] { dumpEboAecConfig(aec.get()); }));
@@ -40,7 +42,7 @@ bool dumpAec(const DumpOptions& options) {
 }
 
 bool dumpBeamForm(const DumpOptions& options) {
-    const BeamFormRecord bf(parseEboBeamFormConfigs(options.file.c_str()));
+    const BeamFormRecord bf(parseEboBeamFormConfigs(options.path.c_str()));
     if (!bf) return refuse(options, "beamformer");
     tell(options, "beamformer", "ebo_configs");
     printLines(dumpLines([&] { dumpEboBeamFormConfig(bf.get()); }));
@@ -50,7 +52,7 @@ bool dumpBeamForm(const DumpOptions& options) {
 // The loader itself takes a playback path of which nothing could be read; at the desk that is a file without
 // one.
 bool dumpAo(const DumpOptions& options) {
-    const PlaybackRoot ebo(parseEboAoConfigs(options.file.c_str()));
+    const PlaybackRoot ebo(parseEboAoConfigs(options.path.c_str()));
     if (!ebo || (ebo->rx->anr == nullptr && ebo->rx->howl == nullptr)) {
         return refuse(options, "playback path");
     }
@@ -61,7 +63,7 @@ bool dumpAo(const DumpOptions& options) {
 
 // Gain control has no dump of its own: its record is hung in an otherwise empty beamformer.
 bool dumpAgc(const DumpOptions& options) {
-    const AgcRecord agc(parseEboAgcConfigsFile(options.file.c_str()));
+    const AgcRecord agc(parseEboAgcConfigsFile(options.path.c_str()));
     if (!agc) return refuse(options, "gain control");
     tell(options, "gain control", "ebo_agc_configs");
     EboBeamFormParam bf = {};
@@ -83,7 +85,7 @@ bool hasPlayback(const std::string& file) {
 }
 
 bool dumpFull(const DumpOptions& options) {
-    const CaptureRoot ebo(parseEboConfigs(options.file.c_str()));
+    const CaptureRoot ebo(parseEboConfigs(options.path.c_str()));
     if (!ebo) return refuse(options, "capture path");
     tell(options, "echo canceller", "ebo_configs");
     tell(options, "beamformer", "ebo_configs");
@@ -91,7 +93,7 @@ bool dumpFull(const DumpOptions& options) {
         dumpEboAecConfig(ebo->aec);
         dumpEboBeamFormConfig(ebo->bf);
     }));
-    return !hasPlayback(options.file) || dumpAo(options);
+    return !hasPlayback(options.path) || dumpAo(options);
 }
 
 const std::map<std::string, bool (*)(const DumpOptions&)> kParts = {
@@ -110,7 +112,10 @@ void addDumpCommand(CLI::App& app, ExitStatus& status) {
         ->check(CLI::IsMember(&kParts))
         ->capture_default_str();
     command->add_flag("--verbose", options->verbose, "Tells on standard error what was loaded from where");
-    command->add_option("FILE", options->file, "Tuning file")->required();
-    command->callback(
-        [options, &status] { status = kParts.at(options->part)(*options) ? kLoaded : kNotLoaded; });
+    command->add_option("FILE", options->file, "Tuning file; - is standard input")->required();
+    command->callback([options, &status] {
+        const SpooledFile spooled(options->file);
+        options->path = spooled.path();
+        status = kParts.at(options->part)(*options) ? kLoaded : kNotLoaded;
+    });
 }

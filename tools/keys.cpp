@@ -1,8 +1,10 @@
 // eboconf keys: the reference of all sections and keys.
 #include <cstdio>
 #include <memory>
-#include <optional>
+#include <string>
+#include <vector>
 
+#include "check_words.h"
 #include "commands.h"
 #include "keys_reference.h"
 #include "terminal.h"
@@ -25,15 +27,32 @@ std::string everySection() {
     return text;
 }
 
-// The reference of what `name` names; nothing when there is no such thing.
-std::optional<std::string> referenceOf(const std::string& name) {
+// The reference of what `name` names, of every key of that name where no section is named with it; empty when there is
+// no such thing.
+std::string referenceOf(const std::string& name) {
+    std::string keys;
     for (const SectionPlace& place : sectionPlaces()) {
         if (nameOf(place) == name) return sectionReference(place, columns());
         for (const KeyFacts& facts : factsOf(place)) {
             if (facts.name == name) return keyReference(facts, columns());
+            if (facts.key == name) keys += (keys.empty() ? "" : "\n") + keyReference(facts, columns());
         }
     }
-    return std::nullopt;
+    return keys;
+}
+
+// What to do about a name that does not exist.
+std::string hintAbout(const std::string& name) {
+    std::vector<std::string> known;
+    for (const SectionPlace& place : sectionPlaces()) {
+        known.push_back(nameOf(place));
+        for (const KeyFacts& facts : factsOf(place)) {
+            known.push_back(facts.name);
+            known.push_back(facts.key);
+        }
+    }
+    const std::string nearest = nearestName(name, known);
+    return nearest.empty() ? "see: eboconf keys --names" : "did you mean " + ::quoted(nearest) + "?";
 }
 
 ExitStatus run(const KeysOptions& options) {
@@ -46,11 +65,12 @@ ExitStatus run(const KeysOptions& options) {
         text = nameList();
     } else if (options.name.empty()) {
         text = everySection();
-    } else if (const auto reference = referenceOf(options.name)) {
-        text = *reference;
     } else {
-        std::fprintf(stderr, "eboconf: there is no section or key \"%s\"; see: eboconf keys --names\n",
-                     options.name.c_str());
+        text = referenceOf(options.name);
+    }
+    if (text.empty()) {
+        std::fprintf(stderr, "eboconf: there is no section or key %s; %s\n", ::quoted(options.name).c_str(),
+                     hintAbout(options.name).c_str());
         return kUsage;
     }
     std::fputs(text.c_str(), stdout);
@@ -62,7 +82,8 @@ ExitStatus run(const KeysOptions& options) {
 void addKeysCommand(CLI::App& app, ExitStatus& status) {
     CLI::App* command = app.add_subcommand("keys", "Explains the sections and keys of a tuning file");
     auto options = std::make_shared<KeysOptions>();
-    CLI::Option* name = command->add_option("SECTION[.KEY]", options->name, "Only this section or key");
+    CLI::Option* name =
+        command->add_option("NAME", options->name, "Only this section or key: agc, agc.fRk0, fRk0");
     CLI::Option* markdown =
         command->add_flag("--markdown", options->markdown, "The whole reference as Markdown");
     CLI::Option* dictionary =
