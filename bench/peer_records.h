@@ -35,7 +35,7 @@ inline void takeText(const EboSection& section, const EboKeyRow& row, const char
             return takeFloats(text, reinterpret_cast<float*>(record + row.offset), row.count);
         case EboKeyKind::IntRow:
             return takeIntPair(text, reinterpret_cast<int16_t*>(record + row.offset));
-        case EboKeyKind::IntList:
+        case EboKeyKind::BandList:
             return takeBands(text, reinterpret_cast<int16_t*>(record + row.offset),
                              sizeof(EboNlpBand) / sizeof(int16_t));
         default:

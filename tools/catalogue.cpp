@@ -94,14 +94,15 @@ std::vector<SectionPlace> makePlaces() {
 struct FieldWithoutKey {
     const EboSection* section;
     EboKeyRow row;
+    const char* loaded;  // value in a loaded record
 };
 const FieldWithoutKey kFieldsWithoutKey[] = {
-    {&kEboAecSection, EBO_NUMBER_OPTIONAL(EboAecParam, pos)},
-    {&kEboDelaySection, EBO_NUMBER_OPTIONAL(EboDelayParam, LeastDelay)},
-    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, ref_pos)},
-    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, num_ref_channel)},
-    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, sample_rate)},
-    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, frame_len)},
+    {&kEboAecSection, EBO_NUMBER_OPTIONAL(EboAecParam, pos), "0"},
+    {&kEboDelaySection, EBO_NUMBER_OPTIONAL(EboDelayParam, LeastDelay), "0"},
+    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, ref_pos), "0"},
+    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, num_ref_channel), "0"},
+    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, sample_rate), "16000"},
+    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, frame_len), "256"},
 };
 
 }  // namespace
@@ -141,6 +142,20 @@ std::vector<const EboKeyRow*> fieldsWithoutKey(const EboSection& section) {
     return fields;
 }
 
+const char* loadedValueOf(const EboKeyRow& fieldWithoutKey) {
+    for (const FieldWithoutKey& field : kFieldsWithoutKey) {
+        if (&field.row == &fieldWithoutKey) return field.loaded;
+    }
+    return "";
+}
+
+bool isReadWhenDisabled(const EboSection& section) {
+    const std::vector<SectionPlace>& places = sectionPlaces();
+    return std::all_of(places.begin(), places.end(), [&section](const SectionPlace& place) {
+        return place.section != &section || place.readWhenDisabled;
+    });
+}
+
 bool isMethod(const SectionPlace& place, const EboKeyRow& row) {
     return place.section == &kEboGscSection && row.kind != EboKeyKind::Status;
 }
@@ -158,7 +173,7 @@ Numbers numbersOf(const EboKeyRow& row) {
             return {EboKeyKind::Float, row.offset, sizeof(float), row.count};
         case EboKeyKind::IntRow:
             return {EboKeyKind::Int16, row.offset, sizeof(int16_t), row.count};
-        case EboKeyKind::IntList:
+        case EboKeyKind::BandList:
             return {EboKeyKind::Int16, row.offset, sizeof(EboNlpBand), row.count};
         default:
             return {EboKeyKind::Int16, 0, 0, 0};
@@ -169,7 +184,7 @@ std::string fieldName(const SectionPlace& place, const EboKeyRow& row) {
     if (row.kind == EboKeyKind::Status || isMethod(place, row)) return "";
     if (row.kind == EboKeyKind::ChannelMap) return "Array_list";
     std::string name = row.key;
-    if (row.kind == EboKeyKind::IntList) return "bands[]." + name;
+    if (row.kind == EboKeyKind::BandList) return "bands[]." + name;
     const size_t end = name.size();
     const bool inTable = row.kind == EboKeyKind::FloatRow || row.kind == EboKeyKind::IntRow;
     if (inTable && end > 2 && name[end - 2] == '_' &&

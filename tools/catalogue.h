@@ -36,6 +36,11 @@ bool isEnabled(const SectionPlace& place, const Tuning& tuning);
 // The rows of a section without the status; and its fields that no key fills, as rows.
 std::vector<const EboKeyRow*> keysOf(const EboSection& section);
 std::vector<const EboKeyRow*> fieldsWithoutKey(const EboSection& section);
+// What every loaded record holds in such a field.
+const char* loadedValueOf(const EboKeyRow& fieldWithoutKey);
+
+// "delay", "wakeup" and "ainr" are read behind their status only when they are enabled.
+bool isReadWhenDisabled(const EboSection& section);
 
 // The one key whose value is kept as a bit of the mask and nowhere else.
 bool isMethod(const SectionPlace& place, const EboKeyRow& row);

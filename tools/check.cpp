@@ -1,11 +1,9 @@
 // eboconf check: everything that is wrong with tuning files, and what a device will do with them.
 #include <ka/log_sink.h>
-#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <iostream>
 #include <memory>
 #include <thread>
@@ -14,6 +12,7 @@
 #include "check_plan.h"
 #include "check_report.h"
 #include "commands.h"
+#include "terminal.h"
 
 namespace {
 
@@ -23,18 +22,6 @@ struct CheckOptions {
     bool strict = false;
     std::vector<std::string> files;
 };
-
-CheckTextStyle styleOfOutput() {
-    CheckTextStyle style;
-    if (isatty(STDOUT_FILENO) == 0) return style;
-    const char* noColour = std::getenv("NO_COLOR");
-    const char* terminal = std::getenv("TERM");
-    style.colours = (noColour == nullptr || *noColour == '\0') &&
-                    (terminal == nullptr || std::string(terminal) != "dumb");
-    winsize size = {};
-    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0) style.width = size.ws_col;
-    return style;
-}
 
 // Worth showing for a set that takes a while.
 void showProgress(size_t done, size_t all) {
@@ -57,7 +44,9 @@ ExitStatus check(const CheckOptions& options) {
     } else if (options.format == "sarif") {
         writeCheckSarif(reports, std::cout);
     } else {
-        const CheckTextStyle style = styleOfOutput();
+        CheckTextStyle style;
+        style.colours = colours();
+        if (isatty(STDOUT_FILENO) != 0) style.width = columns();
         for (const CheckReport& report : reports) writeCheckText(report, style, std::cout);
     }
     std::cout.flush();

@@ -1,5 +1,6 @@
 #include "check_section.h"
 #include "check_words.h"
+#include "load_log.h"
 
 namespace {
 
@@ -35,7 +36,7 @@ void checkMissingSection(CheckContext& context, const CheckPass& pass, const Che
                     absence.help);
         return;
     }
-    const std::string message = withoutColours(status.missing);
+    const std::string message = plainText(status.missing);
     const bool fatal = step.required && pass.chosen;
     context.add(fatal ? *absence.error : *absence.warning, absence.place, absence.text,
                 effectOfFailure(pass, step, false, message), absence.help);

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cstring>
 
+#include "catalogue.h"
 #include "check_context.h"
 #include "check_names.h"
 #include "check_section.h"
 #include "check_syntax.h"
 #include "check_types.h"
 #include "check_words.h"
+#include "load_log.h"
 
 namespace {
 
@@ -33,7 +35,7 @@ void checkMissingRoot(CheckContext& context, const CheckPass& pass, const CheckA
     const bool fatal = pass.chosen && pass.steps.front().required;
     std::string messages;
     for (const CheckStep& step : pass.steps) {
-        const std::string message = withoutColours(step.section->rows[0].missing);
+        const std::string message = plainText(step.section->rows[0].missing);
         context.logs(pass, message);
         messages += (messages.empty() ? "" : ", ") + message;
         if (step.required) break;
@@ -67,7 +69,7 @@ void checkStep(CheckContext& context, const CheckPass& pass, const CheckStep& st
             context, pass, step,
             {&kMissingSection, &kSectionLeftOut, context.source.nameOf(root),
              "section " + quoted(name) + " is missing from " + quoted(pass.root),
-             isReadOnlyWhenEnabled(*step.section)
+             !isReadWhenDisabled(*step.section)
                  ? "add " + quoted(name) + ": { \"status\": \"disable\" }, or enable it"
                  : "add " + quoted(name) + " with all its keys; a disabled section needs them too"});
     }

@@ -72,7 +72,3 @@ std::vector<std::string> sectionNames(const std::string& root) {
     }
     return names;
 }
-
-bool isReadOnlyWhenEnabled(const EboSection& section) {
-    return &section == &kEboDelaySection || &section == &kEboWakeupSection || &section == &kEboAinrSection;
-}

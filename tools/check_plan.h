@@ -6,9 +6,7 @@
 #include <string>
 #include <vector>
 
-constexpr char kCaptureRoot[] = "ebo_configs";
-constexpr char kPlaybackRoot[] = "ebo_ao_configs";
-constexpr char kGainRoot[] = "ebo_agc_configs";
+#include "roots.h"
 
 struct CheckStep {
     const EboSection* section;
@@ -30,6 +28,3 @@ std::vector<CheckPass> checkPlan(const std::string& part);
 // The names of the sections that any loader reads under this root; none for an unknown root.
 std::vector<std::string> sectionNames(const std::string& root);
 const std::vector<std::string>& rootNames();
-
-// "delay", "wakeup" and "ainr" are read behind their status only when they are enabled.
-bool isReadOnlyWhenEnabled(const EboSection& section);

@@ -47,7 +47,7 @@ const char* checkOutcomeName(CheckOutcome outcome);
 
 struct CheckTextStyle {
     bool colours = false;
-    uint32_t width = 100;  // of a line, in columns: quoted lines are cut to it
+    size_t width = 100;  // of a line, in columns: quoted lines are cut to it
 };
 
 void writeCheckText(const CheckReport& report, const CheckTextStyle& style, std::ostream& out);

@@ -21,7 +21,7 @@ struct Number {
 };
 
 bool hasCommas(const EboKeyRow& row) {
-    return row.kind == EboKeyKind::IntList || row.kind == EboKeyKind::ChannelMap;
+    return row.kind == EboKeyKind::BandList || row.kind == EboKeyKind::ChannelMap;
 }
 
 // Up to `row.count` numbers, as the section readers scan them.
@@ -52,7 +52,7 @@ std::string storedNumbers(const EboSection& section, const EboKeyRow& row, const
     eboStoreText(section, row, text, record);
     const char* field = static_cast<const char*>(record) + row.offset;
     // The numbers of a list lie one to a band, those of a row side by side.
-    const size_t stride = row.kind == EboKeyKind::IntList ? sizeof(EboNlpBand) / sizeof(int16_t) : 1;
+    const size_t stride = row.kind == EboKeyKind::BandList ? sizeof(EboNlpBand) / sizeof(int16_t) : 1;
     std::vector<std::string> words;
     for (size_t i = 0; i < row.count; ++i) {
         if (row.kind == EboKeyKind::FloatRow) {

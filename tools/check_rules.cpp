@@ -78,18 +78,6 @@ void checkModel(const RuleSubject& subject) {
 
 }  // namespace
 
-std::vector<NeverRead> neverRead(const EboSection& section) {
-    static const NeverRead settings[] = {
-        {&kEboDelaySection, "LeastDelay", "0"}, {&kEboAgcSection, "sample_rate", "16000"},
-        {&kEboAgcSection, "frame_len", "256"},  {&kEboAecSection, "pos", "0"},
-        {&kEboBfSection, "ref_pos", "0"},       {&kEboBfSection, "num_ref_channel", "0"},
-    };
-    std::vector<NeverRead> found;
-    std::copy_if(std::begin(settings), std::end(settings), std::back_inserter(found),
-                 [&section](const NeverRead& setting) { return setting.section == &section; });
-    return found;
-}
-
 const std::vector<OrderRule>& orderRules() {
     static const std::vector<OrderRule> rules = {
         {&kEboDelaySection, "StartFreq", "EndFreq"}, {&kEboDtdSection, "ksiThd_low", "ksiThd_high"},

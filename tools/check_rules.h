@@ -7,14 +7,6 @@
 #include "check_context.h"
 #include "check_names.h"
 
-// A key that one would expect, since the record has the field, but that nothing reads.
-struct NeverRead {
-    const EboSection* section;
-    const char* key;
-    const char* value;  // of the field
-};
-std::vector<NeverRead> neverRead(const EboSection& section);
-
 // Two keys of a section of which the first is meant to be the lower.
 struct OrderRule {
     const EboSection* section;

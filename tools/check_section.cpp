@@ -3,11 +3,13 @@
 #include <cmath>
 #include <cstdint>
 
+#include "catalogue.h"
 #include "check_names.h"
 #include "check_rows.h"
 #include "check_rules.h"
 #include "check_types.h"
 #include "check_words.h"
+#include "load_log.h"
 
 namespace {
 
@@ -33,17 +35,18 @@ public:
 
     void run() {
         checkStatus();
-        if (enabled_ || !isReadOnlyWhenEnabled(section_)) {
+        if (enabled_ || isReadWhenDisabled(section_)) {
             for (uint16_t i = 1; i < section_.rowCount; ++i) checkKey(section_.rows[i]);
             checkRules({context_, pass_, section_, names_, keys_, enabled_});
         } else {
             checkUnread();
         }
-        for (const NeverRead& setting : neverRead(section_)) {
-            if (const KaJsonItem* item = names_.last(setting.key)) {
-                context_.add(
-                    kNeverRead, context_.source.nameOf(*item), "nothing reads the key " + quoted(setting.key),
-                    std::string("whatever the file says, the record holds ") + setting.value, "remove it");
+        for (const EboKeyRow* field : fieldsWithoutKey(section_)) {
+            if (const KaJsonItem* item = names_.last(field->key)) {
+                context_.add(kNeverRead, context_.source.nameOf(*item),
+                             "nothing reads the key " + quoted(field->key),
+                             std::string("whatever the file says, the record holds ") + loadedValueOf(*field),
+                             "remove it");
                 names_.told(*item);
             }
         }
@@ -154,7 +157,7 @@ private:
 
     void fails(const EboKeyRow& row, const CheckCode& error, const CheckCode& warning,
                const CheckPlace& place, const std::string& text, const std::string& help) {
-        const std::string message = withoutColours(row.missing);
+        const std::string message = plainText(row.missing);
         const bool fatal = step_.required && pass_.chosen;
         context_.add(fatal ? error : warning, place, text, effectOfFailure(pass_, step_, enabled_, message),
                      help);

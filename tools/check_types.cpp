@@ -30,7 +30,7 @@ std::string wholeNumber(double value) {
 std::string textOf(const EboKeyRow& row, std::string_view array) {
     const bool isMap = row.kind == EboKeyKind::ChannelMap;
     const bool isFloats = row.kind == EboKeyKind::FloatRow;
-    if (!isMap && !isFloats && row.kind != EboKeyKind::IntRow && row.kind != EboKeyKind::IntList) return {};
+    if (!isMap && !isFloats && row.kind != EboKeyKind::IntRow && row.kind != EboKeyKind::BandList) return {};
     if (array.find_first_not_of(isFloats ? "0123456789+-.eE, \t\r\n" : "0123456789-, \t\r\n") !=
         std::string_view::npos)
         return {};
@@ -38,7 +38,7 @@ std::string textOf(const EboKeyRow& row, std::string_view array) {
     size_t count = 1;
     for (const char c : array) {
         if (c == ',') {
-            text += isMap || row.kind == EboKeyKind::IntList ? ',' : ' ';
+            text += isMap || row.kind == EboKeyKind::BandList ? ',' : ' ';
             ++count;
         } else if (c > ' ') {
             text += c;
@@ -117,7 +117,7 @@ std::string placeholder(const EboKeyRow& row) {
             return count + " numbers in quotes, separated by blanks";
         case EboKeyKind::IntRow:
             return count + " integers in quotes, separated by blanks";
-        case EboKeyKind::IntList:
+        case EboKeyKind::BandList:
             return count + " integers in quotes, separated by commas";
         case EboKeyKind::ChannelMap:
             return "\"4 chn;map:1,0,3,2\", for four channels";

@@ -46,16 +46,6 @@ std::string quoted(std::string_view name) {
     return '"' + printable(name) + '"';
 }
 
-std::string withoutColours(const char* text) {
-    std::string result;
-    for (bool colour = false; *text != '\0'; ++text) {
-        if (*text == '\x1b') colour = true;
-        if (!colour && *text != '\n') result += *text;
-        if (*text == 'm') colour = false;
-    }
-    return result;
-}
-
 std::string numberText(float value) {
     if (std::isnan(value)) return "not a number";
     if (std::isinf(value)) return value < 0 ? "minus infinity" : "infinity";

@@ -11,8 +11,6 @@ std::string quoted(std::string_view name);
 // Control characters as '?', so that a file cannot steer the terminal.
 std::string printable(std::string_view text);
 
-std::string withoutColours(const char* text);
-
 // The shortest text that reads back as the same float.
 std::string numberText(float value);
 

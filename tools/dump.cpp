@@ -1,17 +1,15 @@
 // eboconf dump: loads a file the way a host does and prints the records.
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <map>
 #include <memory>
 #include <string>
-
-#include <ka/json_table.h>
 
 #include "commands.h"
 #include "dump_lines.h"
 #include "records.h"
 #include "spool.h"
+#include "tuning.h"
 
 namespace {
 
@@ -74,16 +72,6 @@ bool dumpAgc(const DumpOptions& options) {
     return true;
 }
 
-bool hasPlayback(const std::string& file) {
-    KAJsonParser parser;
-    parser.parseFile(file.c_str());
-    KAJsonTable table(parser);
-    for (KaJsonItem item = {}; table.next(&item);) {
-        if (item.level == 1 && std::strcmp(item.name, "ebo_ao_configs") == 0) return true;
-    }
-    return false;
-}
-
 bool dumpFull(const DumpOptions& options) {
     const CaptureRoot ebo(parseEboConfigs(options.path.c_str()));
     if (!ebo) return refuse(options, "capture path");
@@ -93,7 +81,9 @@ bool dumpFull(const DumpOptions& options) {
         dumpEboAecConfig(ebo->aec);
         dumpEboBeamFormConfig(ebo->bf);
     }));
-    return !hasPlayback(options.path) || dumpAo(options);
+    KAJsonParser document;
+    document.parseFile(options.path.c_str());
+    return !hasRoot(document, kPlaybackRoot) || dumpAo(options);
 }
 
 const std::map<std::string, bool (*)(const DumpOptions&)> kParts = {

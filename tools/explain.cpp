@@ -25,15 +25,13 @@ std::string hex(const char* name, int32_t mask) {
 // Every mask under a root, once.
 std::string masksOf(const char* root, const Tuning& tuning) {
     std::string text;
-    const char* last = "";
     for (const SectionPlace& place : sectionPlaces()) {
         const int32_t* mask = place.maskOf(tuning);
         if (place.root != root || mask == nullptr || root == kGainRoot) continue;
         const bool lone = tuning.capture && (tuning.capture->aec == nullptr || tuning.capture->bf == nullptr);
         if (lone && mask == &tuning.capture->model_en) continue;  // who loads one component gets no root
         const std::string shown = hex(place.mask, *mask);
-        if (place.mask != last && text.find(shown) == std::string::npos) text += shown;
-        last = place.mask;
+        if (text.find(shown) == std::string::npos) text += shown;
     }
     return text;
 }

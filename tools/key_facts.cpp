@@ -31,7 +31,7 @@ std::string typeOf(const EboKeyRow& row) {
             return "text of " + count + " numbers with blanks between them";
         case EboKeyKind::IntRow:
             return "text of " + count + " integers with blanks between them";
-        case EboKeyKind::IntList:
+        case EboKeyKind::BandList:
             return "text of " + count + " integers with commas between them";
         case EboKeyKind::ChannelMap:
             return "text \"2 chn;map:1,0\", up to " + count + " channels";
@@ -53,7 +53,7 @@ std::string storedAs(const SectionPlace& place, const EboKeyRow& row) {
     return numbers.count == 1 ? type : type + ("[" + std::to_string(numbers.count) + "]");
 }
 
-// What the wake-up reader leaves in its record when it finds no key at all. Null after the first failed allocation.
+// What the wake-up reader leaves in its record when it finds no key at all.
 const EboWakeupParam* wakeupPresets() {
     static EboWakeupParam* const presets = [] {
         EboWakeupParam* wakeup = nullptr;
@@ -107,8 +107,7 @@ KeyFacts factsOf(const SectionPlace& place, const EboKeyRow& row) {
     if (!field.empty()) facts.field = std::string(place.record) + "::" + field;
     facts.value = defaultOf(place, row);
     if (row.missing != nullptr) facts.missing = plainText(row.missing);
-    const char* meaning = meaningOf(section.name, row.key);
-    facts.meaning = row.kind == EboKeyKind::Status ? statusMeaning(place) : meaning != nullptr ? meaning : "";
+    facts.meaning = row.kind == EboKeyKind::Status ? statusMeaning(place) : meaningOf(section.name, row.key);
     return facts;
 }
 

@@ -20,7 +20,7 @@ std::string sampleOf(const EboKeyRow& row) {
 
 bool isRow(const EboKeyRow& row) {
     return row.kind == EboKeyKind::FloatRow || row.kind == EboKeyKind::IntRow ||
-           row.kind == EboKeyKind::IntList || row.kind == EboKeyKind::ChannelMap;
+           row.kind == EboKeyKind::BandList || row.kind == EboKeyKind::ChannelMap;
 }
 
 }  // namespace

@@ -183,5 +183,5 @@ const char* meaningOf(const char* section, const char* key) {
             return meaning.text;
         }
     }
-    return nullptr;
+    return "Not explained yet";
 }

@@ -13,5 +13,5 @@ struct Meaning {
 extern const Meaning kMeanings[];
 extern const size_t kMeaningCount;
 
-// Null when there is none.
+// "Not explained yet" when there is none.
 const char* meaningOf(const char* section, const char* key);

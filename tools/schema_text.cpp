@@ -22,7 +22,7 @@ std::string repeated(const std::string& number, const std::string& separator, in
 // Blanks may stand before a number, and before the end, but not before a comma.
 std::string rowPattern(const EboKeyRow& row) {
     const std::string blanks = kBlank + std::string("*");
-    const bool list = row.kind == EboKeyKind::IntList;
+    const bool list = row.kind == EboKeyKind::BandList;
     const std::string number = row.kind == EboKeyKind::FloatRow ? kNumber : kInteger;
     const std::string separator = list ? "," + blanks : kBlank + std::string("+");
     return "^" + blanks + repeated(number, separator, row.count) + blanks + "$";
@@ -167,7 +167,7 @@ private:
                 return;
             case EboKeyKind::FloatRow:
             case EboKeyKind::IntRow:
-            case EboKeyKind::IntList:
+            case EboKeyKind::BandList:
                 return writePattern(rowPattern(row));
             case EboKeyKind::ChannelMap:
                 return writePattern(mapPattern(row));

@@ -15,14 +15,6 @@ KAEboParam* newRoot() {
     return static_cast<KAEboParam*>(ka_mem_malloc(sizeof(KAEboParam), __func__));
 }
 
-bool hasRoot(const KAJsonParser& document, const char* root) {
-    KAJsonTable table(document);
-    for (KaJsonItem item = {}; table.next(&item);) {
-        if (item.level == 1 && std::strcmp(item.name, root) == 0) return true;
-    }
-    return false;
-}
-
 // The number of channels that the file's map asks for, as the reader takes it.
 int channelsAskedFor(KAJsonParser& document) {
     KaMetaData keys;
@@ -95,6 +87,14 @@ bool loadParts(Load& load, Part part) {
 }
 
 }  // namespace
+
+bool hasRoot(const KAJsonParser& document, const char* root) {
+    KAJsonTable table(document);
+    for (KaJsonItem item = {}; table.next(&item);) {
+        if (item.level == 1 && std::strcmp(item.name, root) == 0) return true;
+    }
+    return false;
+}
 
 Tuning defaultTuning() {
     Tuning tuning;

@@ -9,10 +9,7 @@
 
 #include "load_log.h"
 #include "records.h"
-
-inline constexpr char kCaptureRoot[] = "ebo_configs";
-inline constexpr char kPlaybackRoot[] = "ebo_ao_configs";
-inline constexpr char kGainRoot[] = "ebo_agc_configs";
+#include "roots.h"
 
 // The records of one tuning file.
 struct Tuning {
@@ -22,6 +19,9 @@ struct Tuning {
     int gainMask = 0;       // EBO_BF_AGC when `gain` is enabled: a host that loads this part keeps no mask
     int channels = 0;       // entries of the echo canceller's channel map, which does not count them itself
 };
+
+// Whether the document has this root object.
+bool hasRoot(const KAJsonParser& document, const char* root);
 
 // The built-in defaults of all three parts.
 Tuning defaultTuning();

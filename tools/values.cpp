@@ -62,5 +62,5 @@ std::string wordText(const void* record, const EboKeyRow& row) {
 std::string valueText(const Tuning& tuning, const void* record, const EboKeyRow& row) {
     if (row.kind == EboKeyKind::Word) return wordText(record, row);
     if (row.kind == EboKeyKind::ChannelMap) return mapText(tuning, record, row);
-    return join(record, numbersOf(row), row.kind == EboKeyKind::IntList ? "," : "  ");
+    return join(record, numbersOf(row), row.kind == EboKeyKind::BandList ? "," : "  ");
 }

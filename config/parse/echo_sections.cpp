@@ -28,9 +28,7 @@ void takeBands(const EboSection& /*section*/, const EboKeyRow& row, const char* 
 
 // clang-format off
 #define AES(field, text) EBO_NUMBER(EboAesParam, field, text)
-#define AES_FLOATS(key, place, text) EBO_TEXT(key, FloatRow, std::extent_v<decltype(EboAesParam::place)>, offsetof(EboAesParam, place), text)
-#define AES_FLOATS_OF(key, table, r, text) EBO_TEXT(key, FloatRow, (std::extent_v<decltype(EboAesParam::table), 1>), offsetof(EboAesParam, table[r]), text)
-#define AES_PAIR_OF(key, table, r, text) EBO_TEXT(key, IntRow, 2, offsetof(EboAesParam, table[r]), text)
+#define AES_ROW(table, r, text) EBO_KEY(#table "_" #r, EboAesParam, table[r], EBO_RED(text))
 constexpr EboKeyRow kAesKeys[] = {
     EBO_STATUS("find aes status failed"),
     AES(beta_up, "find aes beta_up failed"),
@@ -41,28 +39,28 @@ constexpr EboKeyRow kAesKeys[] = {
     AES(high_freq, "find aes high_freq failed"),
     AES(thd_flag, "find aes thd_flag failed"),
     AES(hard_flag, "find aes hard_flag failed"),
-    AES_FLOATS_OF("LimitRatio_0", LimitRatio, 0, "find aes LimitRatio_0 failed"),
-    AES_FLOATS_OF("LimitRatio_1", LimitRatio, 1, "find aes LimitRatio_1 failed"),
-    AES_PAIR_OF("ThdSplitFreq_0", ThdSplitFreq, 0, "find aes ThdSplitFreq_0 failed"),
-    AES_PAIR_OF("ThdSplitFreq_1", ThdSplitFreq, 1, "find aes ThdSplitFreq_1 failed"),
-    AES_PAIR_OF("ThdSplitFreq_2", ThdSplitFreq, 2, "find aes ThdSplitFreq_2 failed"),
-    AES_PAIR_OF("ThdSplitFreq_3", ThdSplitFreq, 3, "find aes ThdSplitFreq_3 failed"),
-    AES_FLOATS_OF("ThdSupDegree_0", ThdSupDegree, 0, "find aes ThdSupDegree_0 failed"),
-    AES_FLOATS_OF("ThdSupDegree_1", ThdSupDegree, 1, "find aes ThdSupDegree_1 failed"),
-    AES_FLOATS_OF("ThdSupDegree_2", ThdSupDegree, 2, "find aes ThdSupDegree_2 failed"),
-    AES_FLOATS_OF("ThdSupDegree_3", ThdSupDegree, 3, "find aes ThdSupDegree_3 failed"),
-    AES_PAIR_OF("HardSplitFreq_0", HardSplitFreq, 0, "find aes HardSplitFreq_0 failed"),
-    AES_PAIR_OF("HardSplitFreq_1", HardSplitFreq, 1, "find aes HardSplitFreq_1 failed"),
-    AES_PAIR_OF("HardSplitFreq_2", HardSplitFreq, 2, "find aes HardSplitFreq_2 failed"),
-    AES_PAIR_OF("HardSplitFreq_3", HardSplitFreq, 3, "find aes HardSplitFreq_3 failed"),
-    AES_PAIR_OF("HardSplitFreq_4", HardSplitFreq, 4, "find aes HardSplitFreq_4 failed"),
-    AES_FLOATS("HardThreshold", HardThreshold, "find aes HardThreshold failed"),
+    AES_ROW(LimitRatio, 0, "find aes LimitRatio_0 failed"),
+    AES_ROW(LimitRatio, 1, "find aes LimitRatio_1 failed"),
+    AES_ROW(ThdSplitFreq, 0, "find aes ThdSplitFreq_0 failed"),
+    AES_ROW(ThdSplitFreq, 1, "find aes ThdSplitFreq_1 failed"),
+    AES_ROW(ThdSplitFreq, 2, "find aes ThdSplitFreq_2 failed"),
+    AES_ROW(ThdSplitFreq, 3, "find aes ThdSplitFreq_3 failed"),
+    AES_ROW(ThdSupDegree, 0, "find aes ThdSupDegree_0 failed"),
+    AES_ROW(ThdSupDegree, 1, "find aes ThdSupDegree_1 failed"),
+    AES_ROW(ThdSupDegree, 2, "find aes ThdSupDegree_2 failed"),
+    AES_ROW(ThdSupDegree, 3, "find aes ThdSupDegree_3 failed"),
+    AES_ROW(HardSplitFreq, 0, "find aes HardSplitFreq_0 failed"),
+    AES_ROW(HardSplitFreq, 1, "find aes HardSplitFreq_1 failed"),
+    AES_ROW(HardSplitFreq, 2, "find aes HardSplitFreq_2 failed"),
+    AES_ROW(HardSplitFreq, 3, "find aes HardSplitFreq_3 failed"),
+    AES_ROW(HardSplitFreq, 4, "find aes HardSplitFreq_4 failed"),
+    AES(HardThreshold, "find aes HardThreshold failed"),
 };
 
 constexpr EboKeyRow kNlpKeys[] = {
     EBO_STATUS("find nlp status failed"),
-    EBO_TEXT("band_pass_thd", IntList, kBands, offsetof(EboNlpBand, band_pass_thd), "find nlp band_pass_thd failed"),
-    EBO_TEXT("super_est_factor", IntList, kBands, offsetof(EboNlpBand, super_est_factor), "find nlp super_est_factor failed"),
+    EBO_TEXT("band_pass_thd", BandList, kBands, offsetof(EboNlpBand, band_pass_thd), "find nlp band_pass_thd failed"),
+    EBO_TEXT("super_est_factor", BandList, kBands, offsetof(EboNlpBand, super_est_factor), "find nlp super_est_factor failed"),
 };
 
 #define DTD(field, text) EBO_NUMBER(EboDtdParam, field, text)

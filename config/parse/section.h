@@ -20,7 +20,7 @@ enum class EboKeyKind : uint32_t {
     FloatRow,    // text: `count` numbers separated by blanks
     IntRow,      // text: two integers separated by blanks, of which the low 16 bits are stored
     Word,        // text, copied; an empty one counts as none
-    IntList,     // text: `count` integers separated by commas, stored by the section
+    BandList,    // text: `count` integers separated by commas, one for each EboNlpBand, stored by the section
     ChannelMap,  // text: "<number of channels> chn;map:<channel>,<channel> ...", `count` channels at the most,
                  // stored by the section
 };
@@ -83,26 +83,38 @@ extern const EboSection kEboDoaSection;
 extern const EboSection kEboWakeupSection;
 extern const EboSection kEboAinrSection;
 
-// The field's type chooses the conversion; a field of any other type does not compile.
+// The field's type chooses the conversion: numbers, rows of numbers. A field of any other type does not compile.
 template <typename Field>
 constexpr EboKeyKind eboKindOf() {
-    static_assert(
-        std::is_same_v<Field, int32_t> || std::is_same_v<Field, int16_t> || std::is_same_v<Field, float>,
-        "no key of a tuning file fills a field of this type");
-    if (std::is_same_v<Field, float>) return EboKeyKind::Float;
-    return std::is_same_v<Field, int16_t> ? EboKeyKind::Int16 : EboKeyKind::Int32;
+    constexpr bool kRow = std::is_array_v<Field>;
+    using Number = std::remove_extent_t<Field>;
+    static_assert(std::is_same_v<Number, float> || std::is_same_v<Field, int32_t> ||
+                      std::is_same_v<Field, int16_t> || std::is_same_v<Field, int16_t[2]>,
+                  "no key of a tuning file fills a field of this type");
+    if (std::is_same_v<Number, float>) return kRow ? EboKeyKind::FloatRow : EboKeyKind::Float;
+    if (std::is_same_v<Number, int16_t>) return kRow ? EboKeyKind::IntRow : EboKeyKind::Int16;
+    return EboKeyKind::Int32;
+}
+
+// For the kinds that a type does not tell.
+template <EboKeyKind kKind, typename Wanted, typename Field>
+constexpr EboKeyKind eboKindFor() {
+    static_assert(std::is_same_v<Field, Wanted>, "a key of this kind fills fields of another type");
+    return kKind;
 }
 
 // Constructors of rows. A row stands on one source line, so that its line is its own.
 // clang-format off
 #define EBO_STATUS(text)                         {"status", EBO_RED(text), EboKeyKind::Status, 0, __LINE__, 0}
 #define EBO_STATUS_OPTIONAL                      {"status", nullptr, EboKeyKind::Status, 0, __LINE__, 0}
-#define EBO_NUMBER(Record, field, text)          {#field, EBO_RED(text), eboKindOf<decltype(Record::field)>(), 0, __LINE__, offsetof(Record, field)}
-#define EBO_NUMBER_OPTIONAL(Record, field)       {#field, nullptr, eboKindOf<decltype(Record::field)>(), 0, __LINE__, offsetof(Record, field)}
-#define EBO_FLAG(Record, field, text)            {#field, EBO_RED(text), EboKeyKind::Flag, 0, __LINE__, offsetof(Record, field)}
-#define EBO_WORD_OPTIONAL(Record, field)         {#field, nullptr, EboKeyKind::Word, 0, __LINE__, offsetof(Record, field)}
+#define EBO_KEY(key, Record, place, missing)     {key, missing, eboKindOf<EBO_TYPE_OF(Record, place)>(), std::extent_v<EBO_TYPE_OF(Record, place)>, __LINE__, offsetof(Record, place)}
+#define EBO_NUMBER(Record, field, text)          EBO_KEY(#field, Record, field, EBO_RED(text))
+#define EBO_NUMBER_OPTIONAL(Record, field)       EBO_KEY(#field, Record, field, nullptr)
+#define EBO_FLAG(Record, field, text)            {#field, EBO_RED(text), eboKindFor<EboKeyKind::Flag, int32_t, decltype(Record::field)>(), 0, __LINE__, offsetof(Record, field)}
+#define EBO_WORD_OPTIONAL(Record, field)         {#field, nullptr, eboKindFor<EboKeyKind::Word, char*, decltype(Record::field)>(), 0, __LINE__, offsetof(Record, field)}
 #define EBO_TEXT(key, kind, count, offset, text) {key, EBO_RED(text), EboKeyKind::kind, count, __LINE__, offset}
 #define EBO_TEXT_OPTIONAL(key, kind, count, offset) {key, nullptr, EboKeyKind::kind, count, __LINE__, offset}
+#define EBO_TYPE_OF(Record, place) std::remove_reference_t<decltype(Record::place)>
 // Constructors of sections: what all of them have.
 #define EBO_SECTION(name, function, rows, Record, bit, assertion) name, #function, rows, std::size(rows), sizeof(Record), __LINE__, bit, assertion
 #define EBO_SWITCH(name, function, rows, bit)                     name, #function, rows, std::size(rows), 0, __LINE__, bit, nullptr

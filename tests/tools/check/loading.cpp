@@ -14,6 +14,7 @@
 #include <iterator>
 
 #include "check_words.h"
+#include "load_log.h"
 namespace {
 
 bool loads(const std::string& part, const char* path) {
@@ -61,7 +62,7 @@ Loading loadInChild(const std::string& part, const std::string& path) {
 LogCatcher::LogCatcher() {
     const auto keep = [](const KaLogMessage& message, void* user) {
         // The list of the wake-up modes belongs to the message before it.
-        const std::string text = withoutColours(message.text);
+        const std::string text = plainText(message.text);
         if (message.level != 2 || std::strcmp(message.tag, "KAAEboConfig") != 0 ||
             text.compare(0, 4, "    ") == 0)
             return;

@@ -11,6 +11,7 @@
 #include <set>
 #include <sstream>
 
+#include "catalogue.h"
 #include "check_file.h"
 #include "check_rules.h"
 #include "loading.h"
@@ -111,8 +112,8 @@ TEST(Rules, NameKeysOfTheTables) {
         EXPECT_TRUE(hasKey(*rule.section, rule.high)) << rule.high;
     }
     for (const EboLoadStep& step : kEboLoadOrder) {
-        for (const NeverRead& setting : neverRead(*step.section)) {
-            EXPECT_FALSE(hasKey(*step.section, setting.key)) << setting.key;
+        for (const EboKeyRow* field : fieldsWithoutKey(*step.section)) {
+            EXPECT_FALSE(hasKey(*step.section, field->key)) << field->key;
         }
     }
 }
