@@ -13,8 +13,8 @@ enum class Rows {
 
 struct Loader {
     const char* name;
-    KAEboParam* (*load)(const char* path,
-                        Rows rows);  // the caller owns the tree: destroyEboConfig(); or null
+    // The caller owns the tree: destroyEboConfig(). Or null.
+    KAEboParam* (*load)(const char* path, Rows rows);
 };
 
 extern const Loader kPeers[];

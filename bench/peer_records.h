@@ -3,9 +3,11 @@
 // library's own tables; storing and the row texts are done anew here.
 //
 // A Peer offers, and each returns false when there is no such thing:
-//     bool enter(const char* section);                   // of "ebo_configs"; the keys that follow are looked
-//     up there bool integer(const char* key, int* out); bool number(const char* key, float* out); bool
-//     text(const char* key, const char** out);      // lives until the next call
+//
+//     bool enter(const char* section);                 a section of "ebo_configs", in which the keys then are
+//     bool integer(const char* key, int* out);
+//     bool number(const char* key, float* out);
+//     bool text(const char* key, const char** out);    lives until the next call
 #pragma once
 
 #include <strings.h>

@@ -1,5 +1,7 @@
 // Texts that hold numbers: the library's scanner against the C library's, and the readers of such texts against the
 // model.
+#include <parse/section.h>
+
 #include <cstdint>
 #include <nlohmann/json.hpp>
 
@@ -12,14 +14,10 @@ namespace {
 
 // Only the sections that hold such texts; the loader reads past the others.
 json sections(const std::string& row) {
-    json aes = {{"status", "enable"}, {"beta_up", 1},       {"beta_down", 1},
-                {"beta_up_low", 1},   {"beta_down_low", 1}, {"low_freq", 1},
-                {"high_freq", 1},     {"thd_flag", 1},      {"hard_flag", 1}};
-    for (const char* key : {"LimitRatio_0", "LimitRatio_1", "ThdSplitFreq_0", "ThdSplitFreq_1",
-                            "ThdSplitFreq_2", "ThdSplitFreq_3", "ThdSupDegree_0", "ThdSupDegree_1",
-                            "ThdSupDegree_2", "ThdSupDegree_3", "HardSplitFreq_0", "HardSplitFreq_1",
-                            "HardSplitFreq_2", "HardSplitFreq_3", "HardSplitFreq_4", "HardThreshold"}) {
-        aes[key] = row;
+    json aes = {{"status", "enable"}};
+    for (uint32_t i = 1; i < kEboAesSection.rowCount; ++i) {
+        const EboKeyRow& key = kEboAesSection.rows[i];
+        aes[key.key] = key.count == 0 ? json(1) : json(row);
     }
     return {{"aec",
              {{"status", "enable"},

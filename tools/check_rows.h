@@ -15,7 +15,7 @@ struct RowFinding {
     std::string help;
 };
 
-// What is wrong with the text of a key of the section, of the kinds FloatRow, IntRow, BandList and ChannelMap. Stores the text in
-// `record` as a device does, but for a map, which is stored in none.
+// What is wrong with the text of a key of the section, of the kinds FloatRow, IntRow, BandList and ChannelMap. Stores
+// the text in `record` as a device does, but for a map, which is stored in none.
 std::vector<RowFinding> checkRow(const EboSection& section, const EboKeyRow& row, const char* text,
                                  void* record);

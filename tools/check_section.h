@@ -3,8 +3,7 @@
 
 #include "check_context.h"
 
-// Checks the section of `root`, which is the root object that counts, as the loader of `pass` reads it.
-// `item` is the section that counts.
+// Checks the section `item`, which is the one of its name that counts, as the loader of `pass` reads it.
 void checkSection(CheckContext& context, const CheckPass& pass, const CheckStep& step,
                   const KaJsonItem& item);
 

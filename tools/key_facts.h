@@ -8,14 +8,13 @@
 #include "catalogue.h"
 
 struct KeyFacts {
-    std::string name;    // "agc.fRk0"
-    std::string key;     // "fRk0"
-    size_t order;        // of the lookup within the section, from 1; 0 for a field that no key fills
-    std::string type;    // in the tuning file: "number"
-    std::string stored;  // in the record: "float", "int16[2]"; for what only sets a bit, the bit
-    std::string field;   // "EboAgcParam::fRk0"; empty when there is none
-    std::string
-        value;  // of the built-in defaults, and of an optional key that is missing; empty when there is none
+    std::string name;     // "agc.fRk0"
+    std::string key;      // "fRk0"
+    size_t order;         // of the lookup within the section, from 1; 0 for a field that no key fills
+    std::string type;     // in the tuning file: "number"
+    std::string stored;   // in the record: "float", "int16[2]"; for what only sets a bit, the bit
+    std::string field;    // "EboAgcParam::fRk0"; empty when there is none
+    std::string value;    // of the built-in defaults, in "wakeup" of a missing key; empty when there is none
     std::string missing;  // the log's message about a missing key; empty when the key is optional
     std::string meaning;
 };

@@ -17,7 +17,9 @@ ExitStatus run(int argc, char** argv) {
     CLI::App app("Reads and prints the tuning files of the voice pipeline.", "eboconf");
     app.set_version_flag("--version", "eboconf " EBO_VERSION);
     app.require_subcommand(1);
-    app.footer("Exit status: 0 all is well, 1 not loaded, problems or differences, 2 wrong usage.");
+    app.footer(
+        "Exit status: 0 all is well, 1 not loaded, problems or differences, 2 wrong usage; of diff 2 also "
+        "not loaded.");
     addDumpCommand(app, status);
     addDefaultsCommand(app, status);
     addCheckCommand(app, status);

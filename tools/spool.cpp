@@ -3,9 +3,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 
 SpooledFile::SpooledFile(const std::string& file) : file_(file), path_(file == "-" ? "/dev/stdin" : file) {
     struct stat status = {};
@@ -18,8 +22,18 @@ SpooledFile::SpooledFile(const std::string& file) : file_(file), path_(file == "
         return;
     }
     close(copy);
-    std::ofstream(copy_, std::ios::binary) << std::ifstream(path_, std::ios::binary).rdbuf();
-    path_ = copy_;
+    std::ifstream from(path_, std::ios::binary);
+    std::ofstream to(copy_, std::ios::binary);
+    const std::string text(std::istreambuf_iterator<char>(from), {});
+    to.write(text.data(), static_cast<std::streamsize>(text.size()));
+    to.close();
+    // Half a copy is not the file: better that it is refused as the pipe that it is.
+    if (to) {
+        path_ = copy_;
+    } else {
+        std::fprintf(stderr, "eboconf: %s: cannot be copied to %s: %s\n", file_.c_str(), copy_.c_str(),
+                     std::strerror(errno));
+    }
 }
 
 SpooledFile::~SpooledFile() {

@@ -1,5 +1,4 @@
-// Lets the framework, which loads regular files only, load what comes from a pipe: "eboconf diff <(...)
-// b.json".
+// Lets the framework, which loads regular files only, load what comes from a pipe: "eboconf diff <(...) b.json".
 #pragma once
 
 #include <string>

@@ -82,7 +82,8 @@ EboDoaParam* parseEboDoaConfigs(void* parser, const char* root, int* model_en);
 // read when the bit is set in the mask once the status was looked at, by this section or before; otherwise
 // the record is all zero. Doubtful values are reported and kept.
 EboWakeupParam* parseEboWakeupConfigs(void* parser, const char* root, int* model_en);
-// "ainr": EBO_BF_AINR. Spelt otherwise than its record and destroy function, on purpose. Only the status is required; "model_path" is read only when the section is enabled.
+// "ainr": EBO_BF_AINR. Spelt otherwise than its record and destroy function, on purpose. Only the status is
+// required; "model_path" is read only when the section is enabled.
 EboAiNRParam* parseEboAINRConfigs(void* parser, const char* root, int* model_en);
 
 // On either path: under the root "ebo_ao_configs", in any case, the mask is the playback container's; under
