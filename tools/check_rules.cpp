@@ -41,7 +41,7 @@ void checkWakeup(const RuleSubject& subject) {
     if (words == 0) {
         const std::string message = "the wakeup word is 0, please configure it which you need";
         subject.context.logs(subject.pass, message);
-        subject.context.add(kWakeupWords, placeOf(subject, "wakeup_words"), "no wake word is configured",
+        subject.context.add(kWakeupWords, placeOf(subject, "wakeup_words"), "\"wakeup_words\" is 0",
                             "goes on with 0 wake words, and logs: " + message,
                             "set \"wakeup_words\" to the number of words, 1 or 2");
     } else if (words != given) {

@@ -65,7 +65,9 @@ private:
         if (enabled_ || util_strcasecmp(status, "disable") == 0) return;
         context_.add(kStatusWord, valueOf(row),
                      "status " + quoted(status) + " is neither \"enable\" nor \"disable\"",
-                     "takes " + quoted(section_.name) + " as disabled: nothing but \"enable\" enables",
+                     pass_.root == kGainRoot
+                         ? "reads the section all the same: a load of gain control keeps no mask"
+                         : "takes " + quoted(section_.name) + " as disabled: nothing but \"enable\" enables",
                      "write \"enable\" or \"disable\"");
     }
 
@@ -133,7 +135,9 @@ private:
                                      : howToMend(row, *item, context_.source.insideArray(*item));
         if (row.missing == nullptr) {
             context_.add(big ? kBeyond32LeftOut : kWrongTypeLeftOut, place, text,
-                         "takes the key as missing, which is allowed, and says nothing", help);
+                         std::string("takes the key as missing, which is allowed") +
+                             (section_.review == nullptr ? ", and says nothing" : ""),
+                         help);
         } else if (big) {
             fails(row, kBeyond32Bits, kBeyond32LeftOut, place, text, help);
         } else {

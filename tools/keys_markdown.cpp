@@ -11,12 +11,13 @@ Written by `eboconf keys --markdown` from the tables that the readers use; do no
 A tuning file is a JSON object of root objects: `ebo_configs` for the capture path, `ebo_ao_configs` for the playback
 path, `ebo_agc_configs` for gain control alone. A root holds sections, a section holds keys. The sections stand here in
 the order in which a whole file is read, the keys in the order in which they are looked up; the first one that is
-missing ends the load with the message given. Keys that are not listed are ignored.
+missing fails its section with the message given, and the whole load where that needs the section. Keys that are not
+listed are ignored.
 
 All values go to the engine unchanged. Where it alone knows what a value does, the meaning reads the name and claims no
 more. An integer that does not fit 16 bits where 16 are stored keeps its low 16 bits. The default is the value of records
-that are made without a file; a file must give every key that is not optional. The default of an optional key is its
-value when it is missing from an enabled section.
+that are made without a file; a file must give every key that is not optional. In `wakeup` it is the value of a key that is
+missing from an enabled section; a record that is read without `mic_chn_map` has no map.
 )";
 
 // Bars would end a table's cell.

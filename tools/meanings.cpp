@@ -120,7 +120,7 @@ const Meaning kMeanings[] = {
 
     {"aes", nullptr,
      "Echo suppression. A row of a table is a text of numbers with blanks between them, not commas; missing "
-     "numbers are 0"},
+     "numbers are 0, but the second of a pair is the upper 16 bits of the first"},
     {"aes", "beta_up", "Beta upwards"},
     {"aes", "beta_down", "Beta downwards"},
     {"aes", "beta_up_low", "Beta upwards, low"},
