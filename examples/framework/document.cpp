@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <limits>
 #include <memory>
@@ -64,7 +65,16 @@ KAJsonParser::~KAJsonParser() {
 int KAJsonParser::parseFile(const char* path) {
     json_object_put(document_);
     document_ = nullptr;
-    if (path == nullptr) return 0;
+    if (path == nullptr) {
+        report("(null)", "no file name");
+        return 0;
+    }
+    // A pipe would be waited for.
+    std::error_code unknown;
+    if (!std::filesystem::is_regular_file(path, unknown)) {
+        report(path, unknown ? "cannot be read" : "is not a regular file");
+        return 0;
+    }
 
     std::ifstream file(path, std::ios::binary);
     std::ostringstream content;
@@ -76,9 +86,13 @@ int KAJsonParser::parseFile(const char* path) {
     }
     const std::unique_ptr<json_tokener, void (*)(json_tokener*)> tokener(json_tokener_new(),
                                                                          json_tokener_free);
-    if (tokener == nullptr) return 0;
+    if (tokener == nullptr) {
+        report(path, "out of memory");
+        return 0;
+    }
     json_tokener_set_flags(tokener.get(), JSON_TOKENER_STRICT | JSON_TOKENER_VALIDATE_UTF8);
-    document_ = json_tokener_parse_ex(tokener.get(), text.c_str(), static_cast<int>(text.size()));
+    // With the null behind the text: what ends too early is an error, not to be continued.
+    document_ = json_tokener_parse_ex(tokener.get(), text.c_str(), static_cast<int>(text.size()) + 1);
     if (json_object_is_type(document_, json_type_object)) return 1;
 
     const json_tokener_error error = json_tokener_get_error(tokener.get());
