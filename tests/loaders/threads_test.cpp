@@ -40,6 +40,7 @@ std::vector<std::string> run(const Files& files) {
     const std::string path = host.file(files.whole);
 
     KAEboParam* ebo = parseEboConfigs(path.c_str());
+    if (ebo == nullptr) return {"does not load"};
     dumpEboAecConfig(ebo->aec);
     dumpEboBeamFormConfig(ebo->bf);
     seen.push_back("map of " + std::to_string(ebo->aec->Array_list[0]));

@@ -9,6 +9,7 @@
 #include <ebo_config.h>
 
 #include <optional>
+#include <stdexcept>
 
 #include "harness/expect.h"
 #include "sections/sections.h"
@@ -30,6 +31,7 @@ public:
     bool failed = false;
     template <class T>
     T& as() const {
+        if (record == nullptr) throw std::runtime_error("no record");
         return *static_cast<T*>(record.get());
     }
 
