@@ -5,13 +5,11 @@
 
 A fenced block whose first line names a path behind its language is written to that path. Blocks of `sh` are run by one
 shell, which stops at the first command that fails; a block of `text` behind one is the end of what it prints. A block
-of `json` is a piece of a tuning file: laid over the main example it must pass the check. Blocks without a fence are
-commands, or CMake that builds the program of the document's last block of `cpp`, or drawings. A block of any other kind
-fails the document.
+of `json` is a piece of a tuning file: laid over the main example it must pass the check. A block of `cpp` without a path
+is for reading alone; one of any other kind fails the document.
 """
 import json
 import re
-import shutil
 import subprocess
 import sys
 from pathlib import Path
@@ -21,13 +19,6 @@ document, scratch = Path(sys.argv[1]), Path(sys.argv[2])
 
 def fail(line, reason):
     sys.exit(f"{document}:{line}: {reason}")
-
-
-def kind_of(text):
-    if re.match(r"\w+\(", text):
-        return "cmake"
-    word = text.split()[0]
-    return "sh" if "/" in word or shutil.which(word) else "drawing"
 
 
 def blocks():
@@ -40,11 +31,6 @@ def blocks():
             while lines[at := at + 1] != "```":
                 pass
             yield start + 1, fence[1], fence[2], "\n".join(lines[start + 1 : at]) + "\n"
-        elif lines[at].startswith("    ") and (at == 0 or not lines[at - 1]):
-            while at + 1 < len(lines) and (lines[at + 1].startswith("    ") or not lines[at + 1]):
-                at += 1
-            text = re.sub("^    ", "", "\n".join(lines[start : at + 1]), flags=re.M).rstrip() + "\n"
-            yield start + 1, kind_of(text), "", text
         at += 1
 
 
@@ -76,12 +62,10 @@ class Shell:
 
 
 shell = Shell()
-output = program = None
+output = None
 count = 0
 for line, language, path, text in blocks():
     count += 1
-    if language == "cpp":
-        program = text
     if path:
         (scratch / path).parent.mkdir(parents=True, exist_ok=True)
         (scratch / path).write_text(text)
@@ -97,16 +81,6 @@ for line, language, path, text in blocks():
         (scratch / "piece.json").write_text(json.dumps(laid_over(example, json.loads(text)), indent=2))
         if shell.run("eboconf check --strict piece.json") is None:
             fail(line, "it does not pass the check")
-    elif language == "cmake":
-        (scratch / "piece").mkdir(exist_ok=True)
-        (scratch / "piece/host.cpp").write_text(program)
-        (scratch / "piece/CMakeLists.txt").write_text(
-            "cmake_minimum_required(VERSION 3.16)\nproject(piece LANGUAGES CXX)\n"
-            'file(CREATE_LINK "${CMAKE_SOURCE_DIR}/../ebo_config" "${CMAKE_SOURCE_DIR}/ebo_config" SYMBOLIC)\n'
-            f"add_executable(my_host host.cpp ${{EXTRA_SOURCES}})\n{text}")
-        if shell.run("cmake -G Ninja -S piece -B piece/build ${EXTRA_SOURCES:+-DEXTRA_SOURCES=$EXTRA_SOURCES}; "
-                     "cmake --build piece/build; piece/build/my_host my-product.json") is None:
-            fail(line, "it does not configure, build or run")
-    elif language not in ("cpp", "drawing"):
+    elif language != "cpp":
         fail(line, f"nobody runs a block of '{language}'")
 print(f"{document}: {count} blocks")
