@@ -44,7 +44,7 @@ std::set<std::string> codesOf(const CheckReport& report) {
 
 class FaultyFile : public testing::TestWithParam<std::string> {};
 
-// Run with EBO_UPDATE_GOLDEN=1 to write the reports anew; then read the difference.
+// scripts/golden writes the reports anew.
 TEST_P(FaultyFile, HasItsReport) {
     std::ostringstream text;
     writeCheckText(checkFaulty(GetParam()), {}, text);

@@ -30,7 +30,7 @@ expect 'eboconf export --d' --defaults
 expect 'eboconf schema -' --help
 expect 'eboconf keys --' --markdown --dictionary --names --help
 expect 'eboconf keys agc.fRk' agc.fRk0 agc.fRk1 agc.fRk2
-expect 'eboconf keys dt' dtd dtd.status dtd.ksiThd_high dtd.ksiThd_low
+expect 'eboconf keys fast' fast_aec fast_aec.status
 # Files are the shell's own business.
 expect 'eboconf dump tun'
 expect 'eboconf diff a.json '
