@@ -33,7 +33,7 @@ std::string place(const Fault& fault) {
 
 std::vector<Fault> allFaults() {
     std::vector<Fault> faults;
-    for (const Section& section : requiredSections()) {
+    for (const RequiredSection& section : requiredSections()) {
         faults.push_back({section.name, ""});
         for (const std::string& key : section.keys) faults.push_back({section.name, key});
     }
@@ -57,7 +57,7 @@ Failure failureOf(const Fault& fault) {
     const bool words_are_read = fault.section == "ainr";
     Failure failure;
     std::vector<std::string> made = {"parseEboConfigs"};
-    for (const Section& section : requiredSections()) {
+    for (const RequiredSection& section : requiredSections()) {
         if (section.name == "bf") {
             failure.sections.push_back("getOptions ebo_configs/delay");
             made.push_back("parseEboDelayConfigs");
