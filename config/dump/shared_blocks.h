@@ -1,4 +1,5 @@
-// The lines that the beamformer's and the playback path's dumps share. `function` is the dump's own name.
+// The lines that the beamformer's and the playback path's dumps share. `function` is the dump's own name, so the
+// line number behind it in the log may be one of shared_blocks.cpp: grep the text.
 #pragma once
 
 #include "ebo_params.h"
