@@ -36,6 +36,7 @@ TEST(Recording, CountsCopiedTextsAndReleasesThem) {
     EXPECT_THAT(recorder.live(), ElementsAre(1));
     ka_mem_safe_free(&copy, "ender");
     EXPECT_THAT(trace(recorder), ElementsAre("strdup #1 word", "safe_free #1 ender"));
+    EXPECT_EQ(recorder.events.back().bytes, std::string("word\0", 5));
 }
 
 TEST(Recording, LeavesNullAndStaticStorageAlone) {
@@ -111,7 +112,7 @@ TEST(Recording, LooksKeysUpByType) {
     EXPECT_FALSE(meta.findInt32("real", &whole));
     EXPECT_FALSE(meta.findInt32("big", &whole));
     EXPECT_FALSE(meta.findInt32("text", &whole));
-    EXPECT_EQ(whole, -1);
+    EXPECT_EQ(whole, 0x5a5a5a5a) << "spoilt";
     EXPECT_TRUE(meta.findInt32("whole", &whole));
     EXPECT_EQ(whole, 7);
     EXPECT_FALSE(meta.findFloat("text", &real));
@@ -129,6 +130,19 @@ TEST(Recording, RejectsWhatIsNoDocument) {
     EXPECT_FALSE(parser.parseFile(host.file("{").c_str()));
     EXPECT_FALSE(parser.parseFile(host.file("[]").c_str()));
     EXPECT_TRUE(parser.parseFile(host.file("{}").c_str()));
+}
+
+TEST(Recording, SaysOfSuccessWhatItIsToldTo) {
+    Host host;
+    host.recorder().file_result = -1;
+    host.recorder().section_result = 0;
+    KAJsonParser parser;
+    EXPECT_EQ(parser.parseFile(host.file(R"({"root": {"section": {"key": 7}}})").c_str()), -1);
+    KaMetaData meta;
+    EXPECT_EQ(parser.getOptions("root", "section", &meta), 0);
+    int value = 0;
+    EXPECT_TRUE(meta.findInt32("key", &value));
+    EXPECT_EQ(parser.parseFile(host.file("[]").c_str()), 0);
 }
 
 TEST(Recording, KeepsTheFormatBesideTheText) {

@@ -42,6 +42,12 @@ void count(int Recorder::*live, int step) {
     if (Recorder* const recorder = Recorder::current()) recorder->*live += step;
 }
 
+// What the host has been told to return for success.
+int success(int Recorder::*result) {
+    const Recorder* const recorder = Recorder::current();
+    return recorder ? recorder->*result : 1;
+}
+
 json parse(const char* path) {
     const Recorder* const recorder = Recorder::current();
     if (recorder) {
@@ -72,7 +78,7 @@ KaMetaData::~KaMetaData() {
 bool KaMetaData::findInt32(const char* key, int* out) const {
     const json* const value = find(keys_->section, key);
     const bool found = value && fitsInt32(*value);
-    if (found) *out = value->get<int>();
+    *out = found ? value->get<int>() : 0x5a5a5a5a;
     record(Op::FindInt32, key, found);
     return found;
 }
@@ -80,7 +86,7 @@ bool KaMetaData::findInt32(const char* key, int* out) const {
 bool KaMetaData::findFloat(const char* key, float* out) const {
     const json* const value = find(keys_->section, key);
     const bool found = value && value->is_number();
-    if (found) *out = value->get<float>();
+    *out = found ? value->get<float>() : -12345.0F;
     record(Op::FindFloat, key, found);
     return found;
 }
@@ -88,7 +94,7 @@ bool KaMetaData::findFloat(const char* key, float* out) const {
 bool KaMetaData::findCString(const char* key, const char** out) const {
     const json* const value = find(keys_->section, key);
     const bool found = value && value->is_string();
-    if (found) *out = value->get_ref<const std::string&>().c_str();
+    *out = found ? value->get_ref<const std::string&>().c_str() : "no such text";
     record(Op::FindCString, key, found);
     return found;
 }
@@ -107,7 +113,7 @@ int KAJsonParser::parseFile(const char* path) {
     document_->root = parse(path);
     const bool accepted = document_->root.is_object();
     record(Op::ParseFile, path, accepted);
-    return accepted ? 1 : 0;
+    return accepted ? success(&Recorder::file_result) : 0;
 }
 
 int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* out) {
@@ -116,5 +122,5 @@ int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* 
     const bool found = keys && keys->is_object();
     out->keys_->section = found ? *keys : json::object();
     record(Op::GetOptions, std::string(root) + "/" + section, found);
-    return found ? 1 : 0;
+    return found ? success(&Recorder::section_result) : 0;
 }

@@ -53,13 +53,13 @@ int add(const void* memory, size_t size) {
     return number;
 }
 
-// Takes the block out of the ledger: its number, or kForeign when it is not there. The node is freed after
-// the lock was given back: where operator delete is linked statically, its free() comes through here.
-int take(const void* memory) {
+// Takes the block out of the ledger, its number kForeign when it is not there. The node is freed after the
+// lock was given back: where operator delete is linked statically, its free() comes through here.
+Block take(const void* memory) {
     Blocks::node_type node;
     const std::lock_guard<std::mutex> lock(ledger().mutex);
     node = ledger().blocks.extract(address(memory));
-    return node ? node.mapped().number : kForeign;
+    return node ? node.mapped() : Block{nullptr, kForeign, 0};
 }
 
 int blockAround(const void* memory) {
@@ -74,6 +74,12 @@ Event event(Op op, const char* name, int block, size_t size) {
     Event made{op, name ? name : "(null)"};
     made.block = block;
     made.size = size;
+    return made;
+}
+
+Event release(Op op, const char* name, const void* memory, const Block& block) {
+    Event made = event(op, name, block.number, 0);
+    if (block.size > 0) made.bytes.assign(static_cast<const char*>(memory), block.size);
     return made;
 }
 
@@ -122,9 +128,9 @@ void* ka_mem_malloc(size_t size, const char* caller) {
 }
 
 void ka_mem_safe_free(void** pointer, const char* caller) {
-    const int block = *pointer ? take(*pointer) : 0;
-    record(event(Op::SafeFree, caller, block, 0));
-    if (block != kForeign) __real_free(*pointer);
+    const Block block = *pointer ? take(*pointer) : Block{};
+    record(release(Op::SafeFree, caller, *pointer, block));
+    if (block.number != kForeign) __real_free(*pointer);
     *pointer = nullptr;
 }
 
@@ -141,8 +147,8 @@ int util_strcasecmp(const char* a, const char* b) {
 }
 
 void __wrap_free(void* memory) {
-    const int block = memory ? take(memory) : kForeign;
-    if (block != kForeign) record(event(Op::Free, "", block, 0));
+    const Block block = memory ? take(memory) : Block{nullptr, kForeign, 0};
+    if (block.number != kForeign) record(release(Op::Free, "", memory, block));
     __real_free(memory);
 }
 

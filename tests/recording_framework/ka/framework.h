@@ -13,7 +13,7 @@ public:
     KaMetaData(const KaMetaData&) = delete;
     KaMetaData& operator=(const KaMetaData&) = delete;
 
-    // False, and `*out` untouched, when the key is missing or its value is of another type.
+    // False, and `*out` spoilt, when the key is missing or its value is of another type.
     bool findInt32(const char* key, int* out) const;
     bool findFloat(const char* key, float* out) const;
     bool findCString(const char* key, const char** out) const;  // spoilt when this object is destroyed

@@ -23,8 +23,8 @@ enum class Op {
     Malloc,    // ka_mem_malloc(); name: caller; size; block, 0 when it was told to fail
     Strdup,    // strdup(); name: the text; size: its length and the zero; block, 0 when it was told to fail
     SafeFree,  // ka_mem_safe_free(); name: caller; block, 0 for null, kForeign for static storage and the
-               // like
-    Free,      // free() of a known block; block
+               // like; bytes
+    Free,      // free() of a known block; block; bytes
     Memset,    // ka_memset(); block, kForeign for memory inside none; size; value
     Compare,   // util_strcasecmp(); name: "<a>|<b>"
     Log,       // ka_err() or ka_log(); line
@@ -53,6 +53,7 @@ struct Event {
     size_t size = 0;
     int value = 0;
     LogCall line = {};
+    std::string bytes = {};  // what a known block holds at its release
 };
 
 // Records the calls of the thread that made it, from its making to its end; one at a time per thread. Each
@@ -76,11 +77,13 @@ public:
     int live_parsers = 0;
     int live_metas = 0;
 
-    int fail_malloc = 0;   // fails the n-th ka_mem_malloc() from now on; 0: none
-    int fail_strdup = 0;   // fails the n-th strdup() from now on; 0: none
-    bool garbage = false;  // hands out memory full of 0xa5 instead of zeros
-    bool echo = false;     // writes each log line to standard error, for death tests
-    int blocks = 0;        // blocks handed out
+    int fail_malloc = 0;     // fails the n-th ka_mem_malloc() from now on; 0: none
+    int fail_strdup = 0;     // fails the n-th strdup() from now on; 0: none
+    bool garbage = false;    // hands out memory full of 0xa5 instead of zeros
+    int file_result = 1;     // what parseFile() returns on success
+    int section_result = 1;  // what getOptions() returns for a section that there is
+    bool echo = false;       // writes each log line to standard error, for death tests
+    int blocks = 0;          // blocks handed out
 
 private:
     Recorder* const former_;
