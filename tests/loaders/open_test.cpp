@@ -12,14 +12,24 @@ namespace {
 struct EntryPoint {
     const char* name;
     bool (*loads)(const char* path);
+    int leaks;  // blocks that it leaves behind on purpose
 };
 
+template <typename Record>
+bool made(Record* record, void (*destroy)(Record**)) {
+    if (record == nullptr) return false;
+    destroy(&record);
+    return true;
+}
+
 const EntryPoint kEntryPoints[] = {
-    {"Configs", [](const char* path) { return parseEboConfigs(path) != nullptr; }},
-    {"AecConfigs", [](const char* path) { return parseEboAecConfigs(path) != nullptr; }},
-    {"BeamFormConfigs", [](const char* path) { return parseEboBeamFormConfigs(path) != nullptr; }},
-    {"AoConfigs", [](const char* path) { return parseEboAoConfigs(path) != nullptr; }},
-    {"AgcConfigsFile", [](const char* path) { return parseEboAgcConfigsFile(path) != nullptr; }},
+    {"Configs", [](const char* path) { return made(parseEboConfigs(path), destroyEboConfig); }, 0},
+    {"AecConfigs", [](const char* path) { return made(parseEboAecConfigs(path), destroyEboAecConfig); }, 0},
+    {"BeamFormConfigs",
+     [](const char* path) { return made(parseEboBeamFormConfigs(path), destroyEboBeamFormConfig); }, 0},
+    {"AoConfigs", [](const char* path) { return made(parseEboAoConfigs(path), destroyEboAoConfig); }, 0},
+    {"AgcConfigsFile",
+     [](const char* path) { return made(parseEboAgcConfigsFile(path), destroyEboAgcConfig); }, 1},
 };
 
 // The name of the test.
@@ -51,13 +61,26 @@ void expectRejected(const EntryPoint& entry, Host& host, const std::string& path
 }
 
 TEST_P(EveryEntryPoint, GivesUpInSilenceOnAMissingFile) {
-    Host host;
-    expectRejected(GetParam(), host, "/nowhere/tuning.json");
+    for (const char* path : {"/nowhere/tuning.json", ""}) {
+        Host host;
+        expectRejected(GetParam(), host, path);
+    }
 }
 
 TEST_P(EveryEntryPoint, GivesUpInSilenceOnABrokenFile) {
     Host host;
     expectRejected(GetParam(), host, host.file(completeDocument().substr(1)));
+}
+
+TEST_P(EveryEntryPoint, TakesWhateverIsNotZeroForSuccess) {
+    for (const int result : {1, 2, -1, 0x100}) {
+        Host host;
+        if (GetParam().leaks > 0) host.expectLeaks(GetParam().leaks);
+        if constexpr (Host::kRecords) {
+            host.recorder().file_result = result;
+        }
+        EXPECT_TRUE(GetParam().loads(host.file(completeDocument()).c_str())) << result;
+    }
 }
 
 }  // namespace
