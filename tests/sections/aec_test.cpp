@@ -1,10 +1,12 @@
+#include <sys/mman.h>
+
 #include "sections/reading.h"
 
 namespace {
 
 struct Map {
     const char* name;
-    const char* text;
+    std::string text;
     std::vector<int16_t> entries;
 };
 
@@ -22,6 +24,7 @@ const Map kMaps[] = {
     {"fewer_numbers_than_the_count", "3 chn;map:7", {7, 0, 0}},
     {"no_number", "3 chn;map:", {0, 0, 0}},
     {"count_alone", "3", {0, 0, 0}},
+    {"blanks_behind_it", "2 chn;map:1,0" + std::string(200, ' '), {1, 0}},
     {"no_blank_after_the_count", "2chn;map:1,9", {1, 9}},
     {"other_white_space", " \t2 \n chn;map: 1,\t9", {1, 9}},
     {"blank_before_a_comma", "2 chn;map:1 ,9", {1, 0}},
@@ -47,6 +50,9 @@ INSTANTIATE_TEST_SUITE_P(With, ChannelMapText, testing::ValuesIn(kMaps), nameOfC
 TEST_P(ChannelMapText, IsKeptInTheRecordAndInTheLog) {
     Reading aec("aec");
     aec.keys["mic_chn_map"] = GetParam().text;
+    if constexpr (Host::kRecords) {
+        aec.host.recorder().garbage = true;
+    }
     aec.run();
     ASSERT_FALSE(aec.failed);
     const auto& record = aec.as<EboAecParam>();
@@ -54,8 +60,7 @@ TEST_P(ChannelMapText, IsKeptInTheRecordAndInTheLog) {
     ASSERT_NE(record.Array_list, nullptr);
     EXPECT_EQ(std::vector<int16_t>(record.Array_list, record.Array_list + GetParam().entries.size()),
               GetParam().entries);
-    expectLog(aec.host,
-              {info("parseEboAecConfigs", "mic_chn_map:%s", std::string("mic_chn_map:") + GetParam().text)});
+    expectLog(aec.host, {info("parseEboAecConfigs", "mic_chn_map:%s", "mic_chn_map:" + GetParam().text)});
 }
 
 struct NoMap {
@@ -197,6 +202,19 @@ TEST(Delay, LeavesTheMaskAlone) {
         EXPECT_NE(delay.record, nullptr);
         EXPECT_EQ(delay.mask, before);
     }
+}
+
+TEST(Delay, DoesNotEvenReadTheMask) {
+    void* const page = mmap(nullptr, sizeof(int), PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(page, MAP_FAILED);
+    for (const char* status : {"enable", "disable"}) {
+        Reading delay("delay");
+        delay.keys["status"] = status;
+        delay.model_en = static_cast<int*>(page);
+        delay.run();
+        EXPECT_EQ(delay.failed, status == std::string("disable"));
+    }
+    munmap(page, sizeof(int));
 }
 
 TEST(Delay, MissingEndFreqIsTheLastKeyLookedAt) {

@@ -8,6 +8,7 @@ using ka_recording::Op;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
+using testing::HasSubstr;
 
 namespace {
 
@@ -141,6 +142,15 @@ TEST_P(Calls, CompareTheStatusThroughTheFramework) {
                 Contains(testing::AnyOf("compare EnAbLe|enable", "compare enable|EnAbLe")).Times(1));
 }
 
+TEST_P(Calls, GoByTheKeysWhateverIsSaidOfTheSection) {
+    Reading reading(GetParam().name);
+    reading.host.recorder().section_result = 0;
+    reading.run();
+    EXPECT_FALSE(reading.failed);
+    EXPECT_EQ(reading.mask, GetParam().bit);
+    EXPECT_EQ(reading.trace(kLookups), lookups(GetParam().name));
+}
+
 TEST_P(Calls, ReleaseNothingWhenTheyEndWell) {
     Reading reading(GetParam().name);
     reading.run();
@@ -152,6 +162,28 @@ TEST_P(Calls, CarryTheNameOfTheReader) {
     reading.run();
     for (const Event& call : reading.host.recorder().only({Op::Malloc}))
         EXPECT_EQ(call.name, GetParam().function);
+}
+
+TEST(PlaybackRoot, IsComparedBeforeAnythingElse) {
+    for (const char* section : {"anr", "howl"}) {
+        Reading reading(section);
+        reading.run();
+        EXPECT_THAT(reading.trace({Op::Compare, Op::MetaMade}),
+                    ElementsAre(HasSubstr("ebo_ao_configs"), "meta made", HasSubstr("enable")));
+    }
+}
+
+TEST(Wakeup, ComplainsAboutAKeyBeforeItLooksUpTheNext) {
+    Reading wakeup("wakeup");
+    wakeup.keys = {{"status", "enable"}};
+    wakeup.run();
+    EXPECT_THAT(
+        wakeup.trace({Op::FindInt32, Op::FindFloat, Op::FindCString, Op::Log}),
+        ElementsAre("findCString status", "missing findInt32 wakeup_frames", "missing findInt32 wakeup_words",
+                    HasSubstr("the wakeup word is 0"), "missing findInt32 mode", HasSubstr("Invalid mode"),
+                    HasSubstr("mode0"), HasSubstr("mode1"), HasSubstr("mode2"), HasSubstr("mode3"),
+                    HasSubstr("Current wakeup mode"), "missing findCString model_word1",
+                    "missing findCString model_word2"));
 }
 
 // Whatever the allocator hands out, a record starts from zero.

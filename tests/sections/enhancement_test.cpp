@@ -100,6 +100,15 @@ TEST(AiNR, OwnsACopyOfTheModelPath) {
     expectLog(ainr.host, {});
 }
 
+TEST(AiNR, KeepsTheModelPathAsItStands) {
+    for (const std::string& path : {std::string(" "), std::string(" /a "), std::string(1000, 'x')}) {
+        Reading ainr("ainr");
+        ainr.keys["model_path"] = path;
+        ainr.run();
+        EXPECT_STREQ(ainr.as<EboAiNRParam>().model_path, path.c_str());
+    }
+}
+
 TEST(AiNR, EnabledWithoutUsablePathHasTheBitAndNoPath) {
     for (const json& path : {json(""), json(nullptr), json(7), json::array({"/opt/model.bin"})}) {
         Reading ainr("ainr");

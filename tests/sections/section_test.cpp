@@ -41,11 +41,13 @@ TEST_P(EachSection, ThatIsCompleteAndEnabledIsReadWithoutComplaint) {
 }
 
 TEST_P(EachSection, IsReadFromTheRootThatItIsGiven) {
-    Reading reading(GetParam().name);
-    reading.root = "another_root";
-    reading.run();
-    EXPECT_FALSE(reading.failed);
-    EXPECT_EQ(reading.mask, GetParam().bit);
+    for (const char* root : {"another_root", ""}) {
+        Reading reading(GetParam().name);
+        reading.root = root;
+        reading.run();
+        EXPECT_FALSE(reading.failed);
+        EXPECT_EQ(reading.mask, GetParam().bit);
+    }
 }
 
 TEST_P(EachSection, IsEnabledByAnyCaseOfTheWordAndByNothingElse) {

@@ -55,6 +55,8 @@ json with(const char* key, const json& value) {
     return keys;
 }
 
+const std::string kLong(1000, 'x');
+
 // One document, one line.
 // clang-format off
 const Wakeup kWakeups[] = {
@@ -78,6 +80,8 @@ const Wakeup kWakeups[] = {
     {"words_with_a_fraction", with("wakeup_words", 1.5), 1, 180, 0, nullptr, nullptr},
     {"first_word", with("model_word1", "one"), 1, 180, 1, "one", nullptr},
     {"first_word_empty", with("model_word1", ""), 1, 180, 1, nullptr, nullptr},
+    {"first_word_blank", with("model_word1", " "), 1, 180, 1, " ", nullptr},
+    {"first_word_long", with("model_word1", kLong), 1, 180, 1, kLong.c_str(), nullptr},
     {"first_word_as_number", with("model_word1", 1), 1, 180, 1, nullptr, nullptr},
     {"second_word_blank", with("model_word2", " "), 1, 180, 1, nullptr, " "},
     {"second_word_empty", with("model_word2", ""), 1, 180, 1, nullptr, nullptr},
@@ -104,6 +108,16 @@ TEST_P(WakeupKeys, OfADisabledSectionAreReadWhenTheBitWasSetBefore) {
         wakeup.mask = 0x2;
         expectRead(&wakeup);
     }
+}
+
+TEST(Wakeup, OwnsACopyOfEachOfTwoEqualWords) {
+    Reading wakeup("wakeup");
+    wakeup.keys["model_word1"] = "x";
+    wakeup.keys["model_word2"] = "x";
+    wakeup.run();
+    EXPECT_STREQ(wakeup.as<EboWakeupParam>().model_word1, "x");
+    EXPECT_STREQ(wakeup.as<EboWakeupParam>().model_word2, "x");
+    EXPECT_NE(wakeup.as<EboWakeupParam>().model_word1, wakeup.as<EboWakeupParam>().model_word2);
 }
 
 TEST(Wakeup, ThatIsNotThereIsReadWhenTheBitWasSetBefore) {
