@@ -109,7 +109,8 @@ TEST(Destroy, SurvivesANullWakeUpRecordAndANullModelRecord) {
     destroyEboAiNRConfig(&ainr);
     EXPECT_EQ(wakeup, nullptr);
     EXPECT_EQ(ainr, nullptr);
-    expectReleases(host, {});
+    expectReleaseCalls(host,
+                       {"safe_free null destroyEboWakeupConfig", "safe_free null destroyEboAiNRConfig"});
 }
 
 TEST(Destroy, ReleasesThePlaybackPathAfterItsModules) {

@@ -3,6 +3,8 @@
 
 #include "filled_records.h"
 
+using ka_recording::Op;
+using testing::Contains;
 using testing::ElementsAre;
 
 namespace {
@@ -120,11 +122,37 @@ TEST(Destroy, LeavesTheCapturePathOfAPlaybackRoot) {
     destroyEboBeamFormConfig(&bf);
 }
 
+TEST(Destroy, NullsThePointersOfARecordBeforeItsRelease) {
+    Host host;
+    auto* capture = make<KAEboParam>("root");
+    capture->aec = makeAec();
+    capture->bf = makeBeamForm();
+    auto* playback = make<KAEboParam>("root");
+    playback->rx = makeRx();
+    destroyEboConfig(&capture);
+    destroyEboAoConfig(&playback);
+    EXPECT_EQ(capture, nullptr);
+    EXPECT_EQ(playback, nullptr);
+    if constexpr (Host::kRecords) {
+        const auto blocks = host.recorder().only({Op::Malloc, Op::Strdup});
+        for (const auto& event : host.recorder().only({Op::SafeFree})) {
+            const auto& made = blocks.at(static_cast<size_t>(event.block) - 1);
+            if (made.op == Op::Strdup) continue;
+            EXPECT_EQ(event.bytes, std::string(made.size, '\0')) << made.name;
+        }
+    }
+}
+
 TEST(Destroy, ReleasesADefaultTreeWhole) {
     Host host;
     KAEboParam* ebo = createEboConfigs();
     destroyEboConfig(&ebo);
     EXPECT_EQ(ebo, nullptr);
+    if constexpr (Host::kRecords) {
+        const auto made = calls(host.recorder(), {Op::SafeFree});
+        EXPECT_THAT(made, Contains("safe_free null destroyEboWakeupConfig"));
+        EXPECT_THAT(made, Contains("safe_free null destroyEboAiNRConfig"));
+    }
     expectReleases(host, {"safe_free createEboAecConfig by destroyEboAecConfig",
                           "safe_free createEboDereverbConfig by destroyEboDereverbConfig",
                           "safe_free createEboNlpconfig by destroyEboNlpConfig",
