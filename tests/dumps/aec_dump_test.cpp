@@ -20,13 +20,13 @@ const std::vector<Line> kDelayLines = {
 struct Aec {
     int16_t map[2] = {1, 0};
     EboDelayParam delay = {60, 2, 8, -3, -25536, 80, 400, 3600, 0.5F};
-    EboAecParam aec = {-4, 1, 0, 48, -2, map, -1, &delay};
+    EboAecParam aec = {-4, 7, 0, 48, -2, map, -1, &delay};
 };
 
 std::vector<ExpectedLine> linesFor(uint32_t mask) {
     std::vector<Line> lines = {
         {"********************* AEC Configs dump ******************", ""},
-        {"pos = %d, drop_ref_channel = %d", "pos = -4, drop_ref_channel = 1"},
+        {"pos = %d, drop_ref_channel = %d", "pos = -4, drop_ref_channel = 7"},
         {"model_aec_en = 0x%x, delay_len = %d, look_ahead = %d filter_len = %d",
          "model_aec_en = 0x" + hex(mask) + ", delay_len = 48, look_ahead = -2 filter_len = -1"},
     };
@@ -49,6 +49,7 @@ TEST(AecDump, ShowsTheDelayRecordWithItsBitOnly) {
         record.aec.model_aec_en = static_cast<int32_t>(mask);
         dumpEboAecConfig(&record.aec);
         expectLog(host, linesFor(mask));
+        expectLinesOfTheirOwn(host.log());
     }
 }
 

@@ -12,7 +12,6 @@ struct Capture {
     char word1[11] = "hello-lamp";
     char word2[11] = "good-night";
     char path[18] = "/models/noise.bin";
-    int never_read = 0;
     EboDereverbParam dereverb = {70000, 12, -3, 0.98F, 0.45F, 1.0F};
     EboAesParam aes = {0.005F,
                        0.00125F,
@@ -40,8 +39,9 @@ struct Capture {
     EboDoaParam doa = {0.0325F, 600, -3400, 36, 7};
     EboWakeupParam wakeup = {2, 150, 4, word1, word2};
     EboAiNRParam ainr = {path};
-    EboBeamFormParam bf = {0,    5,    -6,   8,           1,     &dereverb, &aes,    &nlp, &anr,
-                           &agc, &cng, &dtd, &never_read, &howl, &doa,      &wakeup, &ainr};
+    void* never_read = reinterpret_cast<void*>(1);
+    EboBeamFormParam bf = {0,    5,    -6,   8,          7,     &dereverb, &aes,    &nlp, &anr,
+                           &agc, &cng, &dtd, never_read, &howl, &doa,      &wakeup, &ainr};
 };
 
 // One block of the dump: its bit, how its record is taken away (none, or not to be taken away: null), its lines.
@@ -151,7 +151,7 @@ std::vector<ExpectedLine> linesFor(uint32_t mask, uint32_t taken) {
         {"****************** BeamForm Configs dump ******************", ""},
         {"model_en = 0x%x, ref_pos = %d", "model_en = 0x" + hex(mask) + ", ref_pos = 5"},
         {"targ = %d", "targ = -6"},
-        {"num_ref_channel = %d, drop_ref_channel = %d", "num_ref_channel = 8, drop_ref_channel = 1"},
+        {"num_ref_channel = %d, drop_ref_channel = %d", "num_ref_channel = 8, drop_ref_channel = 7"},
     };
     for (const Block& block : kBlocks)
         if ((mask & ~taken & block.bit) != 0)
@@ -172,6 +172,32 @@ TEST(BeamFormDump, OfANullRecordIsEmpty) {
     Host host;
     dumpEboBeamFormConfig(nullptr);
     EXPECT_THAT(host.log(), IsEmpty());
+}
+
+TEST(BeamFormDump, OfAnAllZeroRecordHasItsHeadAndItsEnd) {
+    EboBeamFormParam bf = {};
+    Host host;
+    dumpEboBeamFormConfig(&bf);
+    expectLog(host, linesOf(kFunction, {{"****************** BeamForm Configs dump ******************", ""},
+                                        {"model_en = 0x%x, ref_pos = %d", "model_en = 0x0, ref_pos = 0"},
+                                        {"targ = %d", "targ = 0"},
+                                        {"num_ref_channel = %d, drop_ref_channel = %d",
+                                         "num_ref_channel = 0, drop_ref_channel = 0"},
+                                        {kEnd, ""}}));
+}
+
+TEST(BeamFormDump, NamesTheLineOfEachCall) {
+    Capture record;
+    for (const Block& block : kBlocks) {
+        Host host;
+        record.bf.model_en = static_cast<int32_t>(block.bit);
+        dumpEboBeamFormConfig(&record.bf);
+        std::vector<LogCall> calls = host.log();
+        calls.pop_back();  // of another source
+        const auto module = calls.begin() + 4;
+        expectLinesOfTheirOwn({calls.begin(), module});
+        expectLinesOfTheirOwn({module, calls.end()});
+    }
 }
 
 TEST(BeamFormDump, ShowsEachModuleWithItsBitOnlyInItsOrder) {
@@ -195,7 +221,7 @@ TEST(BeamFormDump, NeedsNoRecordForTheBitsThatAreClear) {
     bf.ref_pos = 5;
     bf.targ = -6;
     bf.num_ref_channel = 8;
-    bf.drop_ref_channel = 1;
+    bf.drop_ref_channel = 7;
     Capture record;
     record.bf = bf;
     for (const uint32_t mask : masksOfUpToTwoBits()) {

@@ -9,6 +9,13 @@ std::vector<ExpectedLine> linesOf(const std::string& function, const std::vector
     return expected;
 }
 
+void expectLinesOfTheirOwn(const std::vector<LogCall>& calls) {
+    for (size_t i = 1; i < calls.size(); ++i) {
+        if (calls[i].format == calls[i - 1].format) continue;
+        EXPECT_NE(calls[i].line, calls[i - 1].line) << calls[i].text;
+    }
+}
+
 std::string hex(uint32_t mask) {
     std::ostringstream text;
     text << std::hex << mask;

@@ -16,6 +16,9 @@ struct Line {
 
 std::vector<ExpectedLine> linesOf(const std::string& function, const std::vector<Line>& lines);
 
+// Calls that follow one another in one source have different lines, but for the rows of a table.
+void expectLinesOfTheirOwn(const std::vector<LogCall>& calls);
+
 // The mask as "%x" prints it.
 std::string hex(uint32_t mask);
 

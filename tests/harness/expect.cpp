@@ -10,7 +10,7 @@ void expectLine(const LogCall& got, const ExpectedLine& want) {
     EXPECT_EQ(got.level, want.level) << want.text;
     EXPECT_EQ(got.tag, "KAAEboConfig") << want.text;
     EXPECT_EQ(got.function, want.function) << want.text;
-    EXPECT_GT(got.line, 0) << want.text;
+    EXPECT_GT(got.line, 1) << want.text;
     EXPECT_EQ(got.format, want.format);
 }
 
