@@ -88,10 +88,29 @@ TEST(Document, IsEmptyBeforeAFileAndAfterABadOne) {
 
 TEST(Document, TakesAnotherFileInPlaceOfTheFirst) {
     Document document(kTwoRoots);
+    EXPECT_EQ(9, lengthOf(document.parser, "playback", "aec"));
     const ScratchFile other(R"({"capture": {"aec": {"len": 8}}})");
     ASSERT_NE(0, document.parser.parseFile(other.path()));
     EXPECT_EQ(8, lengthOf(document.parser, "capture", "aec"));
     EXPECT_EQ(-1, lengthOf(document.parser, "playback", "aec"));
+}
+
+TEST(Document, GivesNothingOfTheFormerRootWhenTheNextIsNoObject) {
+    Document document(R"({"capture": {"aec": {"len": 7}}, "playback": 7})");
+    EXPECT_EQ(7, lengthOf(document.parser, "capture", "aec"));
+    for (int again = 0; again < 2; ++again) EXPECT_EQ(-1, lengthOf(document.parser, "playback", "aec"));
+    EXPECT_EQ(7, lengthOf(document.parser, "capture", "aec"));
+}
+
+TEST(Document, FillsARecordThatAnotherFilledBefore) {
+    Document first(kTwoRoots);
+    Document second(R"({"capture": {"other": {}, "aec": {"note": "longer", "len": 8}}})");
+    KaMetaData keys;
+    int length = -1;
+    first.parser.getOptions("capture", "aec", &keys);
+    second.parser.getOptions("capture", "aec", &keys);
+    EXPECT_TRUE(keys.findInt32("len", &length));
+    EXPECT_EQ(8, length);
 }
 
 TEST(Document, FindsKeysInAnyOrderAndAgain) {
