@@ -88,11 +88,19 @@ TEST(Document, IsEmptyBeforeAFileAndAfterABadOne) {
 
 TEST(Document, TakesAnotherFileInPlaceOfTheFirst) {
     Document document(kTwoRoots);
-    EXPECT_EQ(9, lengthOf(document.parser, "playback", "aec"));
     const ScratchFile other(R"({"capture": {"aec": {"len": 8}}})");
     ASSERT_NE(0, document.parser.parseFile(other.path()));
     EXPECT_EQ(8, lengthOf(document.parser, "capture", "aec"));
     EXPECT_EQ(-1, lengthOf(document.parser, "playback", "aec"));
+}
+
+// The second file has a root where the first has a section.
+TEST(Document, ForgetsTheRootOfTheFirstFile) {
+    Document document(R"({"capture": {"aec": {"len": 7}}})");
+    EXPECT_EQ(7, lengthOf(document.parser, "capture", "aec"));
+    const ScratchFile other(R"({"capture": {}, "aec": {"len": 8}})");
+    ASSERT_NE(0, document.parser.parseFile(other.path()));
+    EXPECT_EQ(-1, lengthOf(document.parser, "capture", "aec"));
 }
 
 TEST(Document, GivesNothingOfTheFormerRootWhenTheNextIsNoObject) {
