@@ -19,13 +19,14 @@ std::string fileOf(int thread) {
     document = with(document, "/ebo_configs/aec/mic_chn_map", "\"2 chn;map:" + n + ",1\"");
     document = with(document, "/ebo_configs/delay/SmoothFactor", n + ".5");
     document = with(document, "/ebo_configs/aes/LimitRatio_1", "\"" + n + ".5  1  2\"");
-    document = with(document, "/ebo_configs/nlp/band_pass_thd", "\"" + n + "\"");
     document = with(document, "/ebo_configs/wakeup/model_word1", "\"word-" + n + "\"");
     document = with(document, "/ebo_configs/ainr/model_path", "\"/models/" + n + "\"");
     document = with(document, "/ebo_ao_configs/howl/mode", n);
     document = with(document, "/ebo_agc_configs/agc/max_gain", n + ".25");
     if (thread % 2 == 1) document = with(document, "/ebo_configs/dtd/status", "\"off\"");
-    return document;
+    // So long to read that other threads come between.
+    const std::string bands = n + "," + std::string(40000, ' ') + n;
+    return with(document, "/ebo_configs/nlp/band_pass_thd", "\"" + bands + "\"");
 }
 
 struct Files {
