@@ -195,13 +195,13 @@ TEST_P(Calls, ReadTheSameIntoDirtyMemory) {
     dirty.run();
     for (const Key& key : keysOf(GetParam().name)) {
         if (key.field.read) {
-            EXPECT_EQ(key.field.read(dirty.record.get()), stored(key, key.sample)) << key.name;
+            EXPECT_EQ(key.field.read(dirty.bytes()), stored(key, key.sample)) << key.name;
         }
     }
     const std::string name = GetParam().name;
     const bool holds_pointers = name == "aec" || name == "wakeup" || name == "ainr";
     if (GetParam().reader.size && !holds_pointers) {
-        EXPECT_EQ(memcmp(clean.record.get(), dirty.record.get(), GetParam().reader.size), 0);
+        EXPECT_EQ(memcmp(clean.bytes(), dirty.bytes(), GetParam().reader.size), 0);
     }
 }
 

@@ -123,7 +123,7 @@ TEST_P(StoredKey, IsFoundInItsField) {
     Reading reading(GetParam().section);
     reading.run();
     ASSERT_FALSE(reading.failed);
-    EXPECT_EQ(GetParam().field.read(reading.record.get()), stored(GetParam(), GetParam().sample));
+    EXPECT_EQ(GetParam().field.read(reading.bytes()), stored(GetParam(), GetParam().sample));
 }
 
 void expectStored(const Key& key, const json& value, const json& want) {
@@ -132,10 +132,10 @@ void expectStored(const Key& key, const json& value, const json& want) {
     reading.keys[key.name] = value;
     reading.run();
     ASSERT_FALSE(reading.failed);
-    EXPECT_EQ(key.field.read(reading.record.get()), want);
+    EXPECT_EQ(key.field.read(reading.bytes()), want);
     for (const Key& other : keysOf(key.section)) {  // and nowhere else
         if (!other.field.read || other.name == std::string(key.name)) continue;
-        EXPECT_EQ(other.field.read(reading.record.get()), stored(other, other.sample)) << other.name;
+        EXPECT_EQ(other.field.read(reading.bytes()), stored(other, other.sample)) << other.name;
     }
 }
 
@@ -186,7 +186,7 @@ TEST_P(FloatKey, IsStoredAsTheNearestFloat) {
     Reading reading(GetParam().section);
     reading.keys[GetParam().name] = -0.0;
     reading.run();
-    EXPECT_TRUE(std::signbit(GetParam().field.read(reading.record.get()).get<double>()));
+    EXPECT_TRUE(std::signbit(GetParam().field.read(reading.bytes()).get<double>()));
 }
 
 }  // namespace

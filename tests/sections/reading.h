@@ -29,10 +29,13 @@ public:
     void closeDocument() { document_.reset(); }
 
     bool failed = false;
+    void* bytes() const {
+        if (record == nullptr) throw std::runtime_error("no record");
+        return record.get();
+    }
     template <class T>
     T& as() const {
-        if (record == nullptr) throw std::runtime_error("no record");
-        return *static_cast<T*>(record.get());
+        return *static_cast<T*>(bytes());
     }
 
     // What the reader did, and nothing before or after; empty unless Host::kRecords.

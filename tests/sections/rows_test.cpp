@@ -104,11 +104,10 @@ TEST_P(RowText, FillsItsRowAndNoOther) {
     reading.run();
     ASSERT_FALSE(reading.failed);
     expectLog(reading.host, {});
-    EXPECT_EQ(keyOf(GetParam().section, GetParam().key).field.read(reading.record.get()),
-              json(GetParam().values));
+    EXPECT_EQ(keyOf(GetParam().section, GetParam().key).field.read(reading.bytes()), json(GetParam().values));
     for (const Key& other : keysOf(GetParam().section)) {
         if (!other.field.read || other.name == std::string(GetParam().key)) continue;
-        EXPECT_EQ(other.field.read(reading.record.get()), stored(other, other.sample)) << other.name;
+        EXPECT_EQ(other.field.read(reading.bytes()), stored(other, other.sample)) << other.name;
     }
 }
 
