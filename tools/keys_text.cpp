@@ -72,7 +72,6 @@ std::string keyReference(const KeyFacts& facts, size_t width) {
     if (!facts.field.empty()) add("field", facts.field);
     if (facts.order != 0) add("order", std::to_string(facts.order) + " in its section");
     add("default", facts.value.empty() ? "none" : facts.value);
-    if (facts.order != 0)
-        add("missing", facts.missing.empty() ? "the key is optional" : facts.missing);
+    if (facts.order != 0) add("missing", facts.missing.empty() ? "the key is optional" : facts.missing);
     return text;
 }

@@ -83,7 +83,8 @@ private:
         const char* map = nullptr;
         const bool given = keys_.findCString("mic_chn_map", &map);
         say(std::string("no channel map: ") +
-            (given ? "mic_chn_map asks for no channel" : "mic_chn_map is missing or no text") + ", Array_list is null");
+            (given ? "mic_chn_map asks for no channel" : "mic_chn_map is missing or no text") +
+            ", Array_list is null");
     }
 
     void explainDelay() {

@@ -50,7 +50,8 @@ public:
         json_.key("properties").beginObject();
         json_.key("$schema").beginObject().key("type").text("string");
         json_.key("description").text("For the editor; a device ignores it.").endObject();
-        writeRoot(kCaptureRoot, "Capture path: every section but delay and wakeup must be there, enabled or not");
+        writeRoot(kCaptureRoot,
+                  "Capture path: every section but delay and wakeup must be there, enabled or not");
         writeRoot(kPlaybackRoot, "Playback path");
         writeRoot(kGainRoot, "Gain control alone, for a component that needs nothing else");
         json_.endObject();

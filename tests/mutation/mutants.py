@@ -14,7 +14,7 @@ TOKEN = re.compile(
 )
 ROW = re.compile(r"^ +(?:EBO_\w+|[A-Z_]+)\(.*\),(?: *//.*)?$|^ +\{&\w+, .*\},$")
 # A row that fills a field, and a constant of a header.
-FIELD = re.compile(r"^ +((?:EBO_(?!STATUS)\w+|[A-Z]+)\(.*\)),(?: *//.*)?$", re.MULTILINE)
+FIELD = re.compile(r"^ +((?!EBO_STATUS)[A-Z_]+\(.*\)),(?: *//.*)?$", re.MULTILINE)
 CONSTANT = re.compile(r"^#define EBO_\w+(?:\(\w+\))? .*|^ +EBO_\w+ = .*?,", re.MULTILINE)
 OTHER_SIGN = {
     "==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">", "&&": "||", "||": "&&", "|=": "&=", "+": "-",
