@@ -1,5 +1,5 @@
 // What the tool adds to the readers' tables agrees with them.
-#include "catalogue.h"
+#include "model/places.h"
 
 #include <gmock/gmock.h>
 
@@ -7,7 +7,7 @@
 #include <fstream>
 #include <set>
 
-#include "export_text.h"
+#include "report/export.h"
 
 namespace {
 

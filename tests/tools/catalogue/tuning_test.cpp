@@ -1,5 +1,5 @@
 // The tool's own walk through a file gives what the library's entry points give.
-#include "tuning.h"
+#include "model/tuning.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>
@@ -8,7 +8,7 @@
 #include <sstream>
 #include <thread>
 
-#include "export_text.h"
+#include "report/export.h"
 
 namespace {
 

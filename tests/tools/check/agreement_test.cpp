@@ -7,8 +7,8 @@
 #include <map>
 #include <set>
 
-#include "check_file.h"
-#include "check_plan.h"
+#include "check/file.h"
+#include "check/plan.h"
 #include "loading.h"
 #include "mutation.h"
 

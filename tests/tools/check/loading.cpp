@@ -1,7 +1,7 @@
 #include "loading.h"
 
 #include <ka/log_sink.h>
-#include <records.h>
+#include <model/records.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,8 +13,8 @@
 #include <fstream>
 #include <iterator>
 
-#include "check_words.h"
-#include "load_log.h"
+#include "model/load_log.h"
+#include "text/words.h"
 namespace {
 
 bool loads(const std::string& part, const char* path) {

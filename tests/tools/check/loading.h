@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "check_report.h"
+#include "check/report.h"
 
 // Takes the log while it lives.
 class LogCatcher {

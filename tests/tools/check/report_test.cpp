@@ -11,10 +11,10 @@
 #include <set>
 #include <sstream>
 
-#include "catalogue.h"
-#include "check_file.h"
-#include "check_rules.h"
+#include "check/file.h"
+#include "check/rules.h"
 #include "loading.h"
+#include "model/places.h"
 
 namespace {
 

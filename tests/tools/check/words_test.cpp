@@ -1,9 +1,9 @@
 // What the check takes a name for, and how it helps with broken JSON.
 #include <gtest/gtest.h>
 
-#include "check_plan.h"
-#include "check_syntax.h"
-#include "check_words.h"
+#include "check/plan.h"
+#include "check/syntax.h"
+#include "text/words.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 // Every bit of every record that two tunings differ in is named, and nothing else.
-#include "differences.h"
+#include "model/differences.h"
 
 #include <gmock/gmock.h>
 
 #include <cstring>
 
-#include "catalogue.h"
+#include "model/places.h"
 #include "random_tuning.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // The lines that are put down to each module, together with the frame, are the whole dump.
-#include "module_dump.h"
+#include "model/module_dump.h"
 
 #include <gmock/gmock.h>
 

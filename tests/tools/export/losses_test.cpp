@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "export_text.h"
+#include "report/export.h"
 
 namespace {
 

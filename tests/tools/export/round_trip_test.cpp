@@ -5,9 +5,9 @@
 #include <cstdio>
 #include <fstream>
 
-#include "catalogue.h"
-#include "export_text.h"
+#include "model/places.h"
 #include "random_tuning.h"
+#include "report/export.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <set>
 #include <sstream>
 
-#include "key_facts.h"
-#include "keys_reference.h"
-#include "meanings.h"
+#include "model/facts.h"
+#include "model/meanings.h"
+#include "report/keys.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <limits>
 #include <random>
 
-#include "catalogue.h"
+#include "model/places.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tuning.h"
+#include "model/tuning.h"
 
 // A tree that some tuning file loads: all parts, every mask, words of any length and letters, maps of 0 to 16
 // channels. The same seed gives the same tree.

@@ -1,0 +1,99 @@
+#include "check/rules.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "text/words.h"
+
+namespace {
+
+int32_t integerOf(const RuleSubject& subject, const char* key) {
+    int value = 0;
+    subject.keys.findInt32(key, &value);
+    return value;
+}
+
+bool hasText(const RuleSubject& subject, const char* key) {
+    const char* text = nullptr;
+    return subject.keys.findCString(key, &text) && text[0] != '\0';
+}
+
+// The value of the key, or the section's status when the key is missing.
+CheckPlace placeOf(const RuleSubject& subject, const char* key) {
+    const KaJsonItem* item = subject.names.last(key);
+    return subject.context.source.valueOf(item != nullptr ? *item : *subject.names.last("status"));
+}
+
+void checkOrder(const RuleSubject& subject, const OrderRule& rule) {
+    float low = 0.0F;
+    float high = 0.0F;
+    if (!subject.keys.findFloat(rule.low, &low) || !subject.keys.findFloat(rule.high, &high) || !(low > high))
+        return;
+    subject.context.add(kUpsideDown, placeOf(subject, rule.low),
+                        quoted(rule.low) + " (" + numberText(low) + ") lies above " + quoted(rule.high) +
+                            " (" + numberText(high) + ")",
+                        "stores both as they are", "exchange the two values, or mend one of them");
+}
+
+void checkWakeup(const RuleSubject& subject) {
+    const int32_t words = integerOf(subject, "wakeup_words");
+    const int given = (hasText(subject, "model_word1") ? 1 : 0) + (hasText(subject, "model_word2") ? 1 : 0);
+    if (words == 0) {
+        const std::string message = "the wakeup word is 0, please configure it which you need";
+        subject.context.logs(subject.pass, message);
+        subject.context.add(kWakeupWords, placeOf(subject, "wakeup_words"), "\"wakeup_words\" is 0",
+                            "goes on with 0 wake words, and logs: " + message,
+                            "set \"wakeup_words\" to the number of words, 1 or 2");
+    } else if (words != given) {
+        subject.context.add(kWakeupWords, placeOf(subject, "wakeup_words"),
+                            "\"wakeup_words\" is " + std::to_string(words) + ", but " +
+                                countOf(static_cast<size_t>(given), "word") + (given == 1 ? " is" : " are") +
+                                " given",
+                            "stores the number and the words as they are",
+                            "give as many of \"model_word1\" and \"model_word2\" as \"wakeup_words\" says");
+    }
+    const int32_t mode = integerOf(subject, "mode");
+    if (mode >= 1 && mode <= 3) return;
+    const std::string message = "Invalid mode: " + std::to_string(mode) + ", please check mode follow these:";
+    subject.context.logs(subject.pass, message);
+    subject.context.add(
+        kWakeupMode, placeOf(subject, "mode"), "wake-up mode " + std::to_string(mode) + " is not 1, 2 or 3",
+        "keeps the mode, and logs: " + message, "write 1 (oneshot only), 2 (wakeup + command) or 3 (both)");
+}
+
+void checkGsc(const RuleSubject& subject) {
+    if (subject.enabled || integerOf(subject, "method") != 1) return;
+    subject.context.add(kGscMethodAlone, placeOf(subject, "method"),
+                        "\"method\" is 1 while \"gsc\" is not enabled",
+                        "sets the bit of method 1 all the same, and a dump prints its \"gsc:\" block",
+                        "enable \"gsc\", or write another method, such as 0");
+}
+
+void checkModel(const RuleSubject& subject) {
+    if (hasText(subject, "model_path")) return;
+    subject.context.add(kNoModel, placeOf(subject, "model_path"), "\"ainr\" is enabled without a model",
+                        "enables the module with no \"model_path\", and says nothing",
+                        "set \"model_path\" to the model's file, or disable the section");
+}
+
+}  // namespace
+
+const std::vector<OrderRule>& orderRules() {
+    static const std::vector<OrderRule> rules = {
+        {&kEboDelaySection, "StartFreq", "EndFreq"}, {&kEboDtdSection, "ksiThd_low", "ksiThd_high"},
+        {&kEboDoaSection, "start_freq", "end_freq"}, {&kEboAnrSection, "psiMin", "psiMax"},
+        {&kEboAnrSection, "Sup_Freq1", "Sup_Freq2"}, {&kEboAnrSection, "SabsGammaThr0", "SabsGammaThr1"},
+        {&kEboAesSection, "low_freq", "high_freq"},  {&kEboAgcSection, "fRth0", "fRth1"},
+        {&kEboAgcSection, "fRth1", "fRth2"},
+    };
+    return rules;
+}
+
+void checkRules(const RuleSubject& subject) {
+    for (const OrderRule& rule : orderRules()) {
+        if (rule.section == &subject.section) checkOrder(subject, rule);
+    }
+    if (&subject.section == &kEboWakeupSection) checkWakeup(subject);
+    if (&subject.section == &kEboGscSection) checkGsc(subject);
+    if (&subject.section == &kEboAinrSection) checkModel(subject);
+}

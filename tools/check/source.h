@@ -1,0 +1,56 @@
+// A tuning file under check: what the parser made of it, and its text as it is on disk.
+#pragma once
+
+#include <ka/json_table.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/report.h"
+
+class CheckSource {
+public:
+    explicit CheckSource(const std::string& path);
+
+    // Why the file is no document; `reason` is null when it is one.
+    const KaJsonError& error() const { return error_; }
+
+    using Items = std::vector<const KaJsonItem*>;
+    // In file order, repeated ones included.
+    Items roots() const;
+    Items children(const KaJsonItem& parent) const;
+
+    // Fills *keys as a section reader does; false when root.section is not there.
+    bool section(const char* root, const char* section, KaMetaData* keys);
+
+    std::string_view text() const { return text_; }
+    // A number as written, and the text of a string.
+    static std::string_view value(const KaJsonItem& item) { return {item.value, item.value_length}; }
+    static std::string_view name(const KaJsonItem& item) { return {item.name, item.name_length}; }
+
+    // What stands between its '[' and the next ']'; empty of anything else.
+    std::string_view insideArray(const KaJsonItem& item) const;
+
+    // Both with their quotes; of an object or array its first bracket.
+    CheckPlace nameOf(const KaJsonItem& item) const;
+    CheckPlace valueOf(const KaJsonItem& item) const;
+    // The whole file's.
+    CheckPlace start() const { return place(0, 1); }
+    CheckPlace place(size_t offset, size_t length) const;
+    size_t offsetOf(uint32_t line, uint32_t column) const;
+
+private:
+    size_t endOfString(size_t offset) const;
+    size_t charactersBefore(size_t offset) const;
+
+    KAJsonParser parser_;
+    KaJsonError error_;
+    std::vector<KaJsonItem> items_;
+    std::string text_;
+    std::vector<size_t> lines_;       // offsets of the lines
+    std::vector<size_t> characters_;  // before each block of the text: a file may be one long line
+};
+
+// The last item of this name, which is the one that counts; null when there is none.
+const KaJsonItem* lastNamed(const CheckSource::Items& items, std::string_view name);

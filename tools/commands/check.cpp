@@ -1,0 +1,75 @@
+// eboconf check: everything that is wrong with tuning files, and what a device will do with them.
+#include <ka/log_sink.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <thread>
+
+#include "check/file.h"
+#include "check/plan.h"
+#include "check/report.h"
+#include "commands/commands.h"
+#include "text/terminal.h"
+
+namespace {
+
+struct CheckOptions {
+    std::string part = "full";
+    std::string format = "text";
+    bool strict = false;
+    std::vector<std::string> files;
+};
+
+// Worth showing for a set that takes a while.
+void showProgress(size_t done, size_t all) {
+    constexpr size_t kLargeSet = 50;
+    static const bool shown = isatty(STDERR_FILENO) != 0;
+    if (!shown || all < kLargeSet) return;
+    std::fprintf(stderr, "\rchecked %zu of %zu files", done, all);
+    if (done == all) std::fputs("\r\x1b[K", stderr);
+}
+
+ExitStatus check(const CheckOptions& options) {
+    // The report says it all, and says it once.
+    ka_install_log_sink([](const KaLogMessage&, void*) {}, nullptr);
+    const unsigned threads = std::max(1U, std::thread::hardware_concurrency());
+    const std::vector<CheckReport> reports = checkFiles(options.files, options.part, threads, showProgress);
+    ka_remove_log_sink();
+
+    if (options.format == "json") {
+        writeCheckJson(reports, std::cout);
+    } else if (options.format == "sarif") {
+        writeCheckSarif(reports, std::cout);
+    } else {
+        CheckTextStyle style;
+        style.colours = colours();
+        if (isatty(STDOUT_FILENO) != 0) style.width = columns();
+        for (const CheckReport& report : reports) writeCheckText(report, style, std::cout);
+    }
+    std::cout.flush();
+    const bool problems = std::any_of(reports.begin(), reports.end(), [&](const CheckReport& report) {
+        return report.count(CheckLevel::Error) > 0 || (options.strict && !report.findings.empty());
+    });
+    return problems ? kProblems : kClean;
+}
+
+}  // namespace
+
+void addCheckCommand(CLI::App& app, ExitStatus& status) {
+    CLI::App* command = app.add_subcommand(
+        "check", "Finds all faults of tuning files at once, and says what a device will do");
+    auto options = std::make_shared<CheckOptions>();
+    command->add_option("--part", options->part, "Loader that will read the files")
+        ->check(CLI::IsMember(checkParts()))
+        ->capture_default_str();
+    command->add_flag("--strict", options->strict, "Takes warnings for problems");
+    command->add_option("--format", options->format, "Form of the report")
+        ->check(CLI::IsMember({"text", "json", "sarif"}))
+        ->capture_default_str();
+    command->add_option("FILE", options->files, "Tuning files; - is standard input")->required();
+    command->footer("Exit status: 0 clean, 1 problems found, 2 wrong usage.");
+    command->callback([options, &status] { status = check(*options); });
+}

@@ -1,0 +1,14 @@
+// eboconf schema: prints the JSON Schema of a tuning file.
+#include <cstdio>
+
+#include "commands/commands.h"
+#include "report/schema.h"
+
+void addSchemaCommand(CLI::App& app, ExitStatus& status) {
+    CLI::App* command = app.add_subcommand("schema", "Prints the JSON Schema of a tuning file, for editors");
+    command->footer("Exit status: 0 printed, 2 wrong usage.");
+    command->callback([&status] {
+        std::fputs(schemaText().c_str(), stdout);
+        status = kLoaded;
+    });
+}

@@ -1,0 +1,48 @@
+#include "model/module_dump.h"
+
+#include <algorithm>
+
+namespace {
+
+// The lines of `all` that `fewer` lacks, given that they stand together and behind the first `head` lines, which show
+// the mask and so differ as well.
+DumpLines block(const DumpLines& all, const DumpLines& fewer, size_t head) {
+    const auto skip = static_cast<std::ptrdiff_t>(head);
+    const auto begin = std::mismatch(fewer.begin() + skip, fewer.end(), all.begin() + skip, all.end()).second;
+    return {begin, begin + static_cast<std::ptrdiff_t>(all.size() - fewer.size())};
+}
+
+// What `Dump` prints of a container's record under another mask. The record is copied, what it points at is not.
+template <auto Mask, auto Dump, typename Container>
+DumpLines linesWith(const Container* container, int32_t mask) {
+    if (container == nullptr) return {};
+    Container copy = *container;
+    copy.*Mask = mask;
+    return dumpLines([&copy] { Dump(&copy); });
+}
+
+template <auto Mask, auto Dump, typename Container>
+DumpLines linesOfBit(const Container* container, int32_t bit) {
+    if (container == nullptr) return {};
+    const int32_t mask = container->*Mask;
+    const size_t head = linesWith<Mask, Dump>(container, 0).size() - 1;  // without the closing line
+    return block(linesWith<Mask, Dump>(container, mask), linesWith<Mask, Dump>(container, mask & ~bit), head);
+}
+
+}  // namespace
+
+DumpLines linesOfSection(const SectionPlace& place, const Tuning& tuning) {
+    constexpr auto kAecMask = &EboAecParam::model_aec_en;
+    constexpr auto kBfMask = &EboBeamFormParam::model_en;
+    if (place.root == kGainRoot) return {};
+    if (place.root == kPlaybackRoot) {
+        return linesOfBit<&EboRxParam::model_en, dumpEboAoConfig>(tuning.playback->rx, place.bit);
+    }
+    const KAEboParam& ebo = *tuning.capture;
+    if (place.section == &kEboAecSection) return linesWith<kAecMask, dumpEboAecConfig>(ebo.aec, 0);
+    if (place.section == &kEboDelaySection) return linesOfBit<kAecMask, dumpEboAecConfig>(ebo.aec, place.bit);
+    if (place.section == &kEboBfSection) return linesWith<kBfMask, dumpEboBeamFormConfig>(ebo.bf, 0);
+    // The method heads the block, and not the status.
+    const int32_t bit = place.section == &kEboGscSection ? int32_t{EBO_BF_GSC_METHOD} : place.bit;
+    return linesOfBit<kBfMask, dumpEboBeamFormConfig>(ebo.bf, bit);
+}

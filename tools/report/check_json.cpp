@@ -1,0 +1,39 @@
+// The report for programs. docs/check-report.schema.json describes it.
+#include <nlohmann/json.hpp>
+
+#include "check/report.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+Json findingOf(const CheckFinding& finding) {
+    const CheckPlace& place = finding.place;
+    Json json = {{"code", finding.code->id}, {"level", checkLevelName(finding.code->level)},
+                 {"line", place.line},       {"column", place.column},
+                 {"offset", place.offset},   {"length", place.length},
+                 {"message", finding.text},  {"device", finding.device}};
+    if (!finding.help.empty()) json["help"] = finding.help;
+    return json;
+}
+
+Json reportOf(const CheckReport& report) {
+    Json findings = Json::array();
+    for (const CheckFinding& finding : report.findings) findings.push_back(findingOf(finding));
+    return {{"file", report.file},
+            {"load", report.load},
+            {"outcome", checkOutcomeName(report.outcome)},
+            {"log", report.log},
+            {"errors", report.count(CheckLevel::Error)},
+            {"warnings", report.count(CheckLevel::Warning)},
+            {"findings", findings}};
+}
+
+}  // namespace
+
+void writeCheckJson(const std::vector<CheckReport>& reports, std::ostream& out) {
+    Json files = Json::array();
+    for (const CheckReport& report : reports) files.push_back(reportOf(report));
+    // A file name need not be UTF-8.
+    out << Json{{"version", 1}, {"files", files}}.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}

@@ -1,0 +1,116 @@
+// The report as people read it.
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/report.h"
+#include "text/words.h"
+
+namespace {
+
+constexpr char kPlain[] = "\x1b[0m";
+
+class Painter {
+public:
+    explicit Painter(bool colours) : colours_(colours) {}
+    std::string operator()(const char* colour, const std::string& text) const {
+        return colours_ ? colour + text + kPlain : text;
+    }
+
+private:
+    bool colours_;
+};
+
+constexpr char kBold[] = "\x1b[1m";
+constexpr char kRed[] = "\x1b[1;31m";
+constexpr char kYellow[] = "\x1b[1;33m";
+constexpr char kBlue[] = "\x1b[1;34m";
+constexpr char kGreen[] = "\x1b[1;32m";
+
+// Bytes of the UTF-8 character at `at`; 0 when there is none.
+size_t lengthOfCharacter(std::string_view text, size_t at) {
+    const auto lead = static_cast<unsigned char>(text[at]);
+    const size_t length = lead < 0x80   ? 1
+                          : lead < 0xC2 ? 0
+                          : lead < 0xE0 ? 2
+                          : lead < 0xF0 ? 3
+                          : lead < 0xF5 ? 4
+                                        : 0;
+    if (at + length > text.size()) return 0;
+    for (size_t i = 1; i < length; ++i) {
+        if ((static_cast<unsigned char>(text[at + i]) & 0xC0) != 0x80) return 0;
+    }
+    // Control characters of two bytes.
+    return lead == 0xC2 && static_cast<unsigned char>(text[at + 1]) < 0xA0 ? 0 : length;
+}
+
+// Characters, each of one column: what is none, or steers the terminal, as '?', a tab as a blank.
+std::vector<std::string> columnsOf(std::string_view text) {
+    std::vector<std::string> columns;
+    for (size_t at = 0; at < text.size();) {
+        const size_t length = lengthOfCharacter(text, at);
+        const std::string character(text.substr(at, std::max<size_t>(length, 1)));
+        columns.push_back(length == 0 ? "?" : character == "\t" ? " " : printable(character));
+        at += character.size();
+    }
+    return columns;
+}
+
+// The quoted line with the mark below it, cut to the width around the mark.
+void writeQuote(const CheckPlace& place, const CheckTextStyle& style, const Painter& paint,
+                std::ostream& out) {
+    const std::string number = std::to_string(place.line);
+    const std::string gutter(std::max<size_t>(number.size() + 1, 6), ' ');
+    const std::vector<std::string> columns = columnsOf(place.quote);
+    const size_t mark = columnsOf(std::string_view(place.quote).substr(0, place.quoteMark)).size();
+    const size_t marked = std::max<size_t>(
+        columnsOf(std::string_view(place.quote).substr(place.quoteMark, place.length)).size(), 1);
+
+    const size_t room = std::max<size_t>(style.width, 40) - gutter.size() - 3 - 6;
+    size_t first = 0;
+    if (columns.size() > room && mark > room / 2) first = std::min(mark - room / 2, columns.size() - room);
+    const size_t last = std::min(columns.size(), first + room);
+    const bool before = first > 0 || place.cutBefore;
+
+    std::string line = before ? "..." : "";
+    for (size_t i = first; i < last; ++i) line += columns[i];
+    if (last < columns.size() || place.cutBehind) line += "...";
+    const std::string margin((before ? 3 : 0) + mark - first, ' ');
+    const size_t shown = mark < last ? std::min(marked, last - mark) : 1;
+    out << paint(kBlue, gutter.substr(number.size()) + number + " | ") << line << '\n'
+        << paint(kBlue, gutter + " | ") << margin << paint(kGreen, '^' + std::string(shown - 1, '~')) << '\n';
+}
+
+void writeFinding(const std::string& file, const CheckFinding& finding, const CheckTextStyle& style,
+                  std::ostream& out) {
+    const Painter paint(style.colours);
+    const CheckPlace& place = finding.place;
+    std::string where = printable(file);
+    if (place.line != 0) where += ':' + std::to_string(place.line) + ':' + std::to_string(place.column);
+    const bool error = finding.code->level == CheckLevel::Error;
+    out << paint(kBold, where + ": ") << paint(error ? kRed : kYellow, checkLevelName(finding.code->level))
+        << ": " << paint(kBold, finding.text) << " [" << finding.code->id << "]\n";
+    if (place.line != 0) writeQuote(place, style, paint, out);
+    out << paint(kBlue, "       = device: ") << finding.device << '\n';
+    if (!finding.help.empty()) out << paint(kBlue, "       = help: ") << finding.help << '\n';
+    out << '\n';
+}
+
+}  // namespace
+
+void writeCheckText(const CheckReport& report, const CheckTextStyle& style, std::ostream& out) {
+    for (const CheckFinding& finding : report.findings) writeFinding(report.file, finding, style, out);
+    const size_t errors = report.count(CheckLevel::Error);
+    const size_t warnings = report.count(CheckLevel::Warning);
+    out << printable(report.file) << ": ";
+    if (errors + warnings == 0) {
+        out << "no problems found\n";
+        return;
+    }
+    if (errors > 0) out << countOf(errors, "error") << (warnings > 0 ? ", " : "");
+    if (warnings > 0) out << countOf(warnings, "warning");
+    out << "; " << report.load << ' ' << checkOutcomeName(report.outcome);
+    if (report.outcome != CheckOutcome::Loads && !report.log.empty()) out << ": " << report.log.back();
+    out << '\n';
+}

@@ -1,0 +1,77 @@
+#include <algorithm>
+
+#include "model/meanings.h"
+#include "report/keys.h"
+#include "text/terminal.h"
+
+namespace {
+
+std::string ordinalOf(const EboSection& section) {
+    for (size_t i = 0; i < kEboSectionCount; ++i) {
+        if (kEboLoadOrder[i].section == &section) return std::to_string(i + 1);
+    }
+    return "?";
+}
+
+// "  label   text", the text wrapped behind the label.
+std::string labelled(const std::string& label, const std::string& text, size_t labelWidth, size_t width) {
+    const std::string lines = wrapped(text, labelWidth, std::max(width, labelWidth + 20));
+    return label + lines.substr(std::min(label.size(), labelWidth));
+}
+
+// "bit 0x100 of bf.model_en" is too wide for a column.
+std::string shortForm(const std::string& stored) {
+    return stored == "no bit" ? "none" : stored.substr(0, stored.find(' '));
+}
+
+std::string placeLine(const SectionPlace& place) {
+    std::string text = std::string(place.root) + ": ";
+    if (place.root == kCaptureRoot)
+        text += "section " + ordinalOf(*place.section) + " of " + std::to_string(kEboSectionCount) + ", ";
+    text += bitText(place);
+    if (place.record != nullptr) text += std::string(", record ") + place.record;
+    if (place.root == kCaptureRoot) text += place.required ? ", required" : ", optional";
+    return text;
+}
+
+}  // namespace
+
+std::string sectionReference(const SectionPlace& place, size_t width) {
+    std::string text = styled(Style::Bold, place.section->name) + "\n" +
+                       wrapped(meaningOf(place.section->name, nullptr), 2, width);
+    for (const SectionPlace* each : placesOf(*place.section)) text += wrapped(placeLine(*each), 2, width);
+    const std::vector<KeyFacts> all = factsOf(place);
+    size_t keyWidth = 0;
+    size_t storedWidth = 0;
+    for (const KeyFacts& facts : all) {
+        keyWidth = std::max(keyWidth, facts.key.size());
+        storedWidth = std::max(storedWidth, shortForm(facts.stored).size());
+    }
+    for (const KeyFacts& facts : all) {
+        const std::string order = facts.order != 0 ? std::to_string(facts.order) : "-";
+        std::string label = std::string(4 - std::min<size_t>(order.size(), 4), ' ') + order + "  " +
+                            padded(facts.key, keyWidth) + "  " +
+                            padded(shortForm(facts.stored), storedWidth) + "  ";
+        std::string meaning = facts.meaning;
+        if (shortForm(facts.stored) != facts.stored && facts.order != 1) meaning += " (" + facts.stored + ")";
+        if (!facts.value.empty()) meaning += ". Default " + facts.value;
+        text += labelled(label, meaning, label.size(), width);
+    }
+    return text;
+}
+
+std::string keyReference(const KeyFacts& facts, size_t width) {
+    std::string text = styled(Style::Bold, facts.name) + "\n";
+    const auto add = [&](const char* label, const std::string& value) {
+        const std::string padding = padded(std::string("  ") + label, 12);
+        text += labelled(padding, value, padding.size(), width);
+    };
+    add("meaning", facts.meaning);
+    add("type", facts.type);
+    add("stored as", facts.stored);
+    if (!facts.field.empty()) add("field", facts.field);
+    if (facts.order != 0) add("order", std::to_string(facts.order) + " in its section");
+    add("default", facts.value.empty() ? "none" : facts.value);
+    if (facts.order != 0) add("missing", facts.missing.empty() ? "the key is optional" : facts.missing);
+    return text;
+}

@@ -1,0 +1,53 @@
+#include "text/terminal.h"
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <sstream>
+
+bool colours() {
+    static const bool wanted = [] {
+        const char* no = std::getenv("NO_COLOR");
+        const char* terminal = std::getenv("TERM");
+        return isatty(STDOUT_FILENO) != 0 && (no == nullptr || no[0] == '\0') && terminal != nullptr &&
+               std::strcmp(terminal, "dumb") != 0;
+    }();
+    return wanted;
+}
+
+size_t columns() {
+    constexpr size_t kNarrowest = 40;
+    winsize size = {};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) return 80;
+    return std::max<size_t>(size.ws_col, kNarrowest);
+}
+
+std::string styled(Style style, const std::string& text) {
+    if (!colours()) return text;
+    const char* const codes[] = {"1", "2", "31", "32"};
+    return std::string("\x1b[") + codes[static_cast<int>(style)] + "m" + text + "\x1b[0m";
+}
+
+std::string wrapped(const std::string& text, size_t indent, size_t width) {
+    std::istringstream words(text);
+    std::string result;
+    size_t column = 0;
+    for (std::string word; words >> word;) {
+        if (column != 0 && column + 1 + word.size() > width) {
+            result += '\n';
+            column = 0;
+        }
+        result += column == 0 ? std::string(indent, ' ') + word : ' ' + word;
+        column += (column == 0 ? indent : 1) + word.size();
+    }
+    return result + '\n';
+}
+
+std::string padded(const std::string& text, size_t width) {
+    const auto letters = static_cast<size_t>(
+        std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+    return letters < width ? text + std::string(width - letters, ' ') : text;
+}
