@@ -48,7 +48,7 @@ bool agrees(const std::string& part, const std::string& path, CheckReport* repor
 // EBO_AGREEMENT_FOLDER names a folder of further files, such as a fuzzer's corpus.
 TEST(Agreement, HoldsForTheExamplesTheFaultyFilesAndWhatFuzzersFound) {
     std::vector<std::string> files = filesIn(EBO_TUNINGS_DIR, ".json");
-    std::vector<std::string> folders = {EBO_TEST_DATA_DIR "/check", EBO_FUZZ_DOCUMENTS_DIR};
+    std::vector<std::string> folders = {EBO_FAULTY_INPUTS_DIR, EBO_FUZZ_DOCUMENTS_DIR};
     if (const char* folder = std::getenv("EBO_AGREEMENT_FOLDER")) folders.emplace_back(folder);
     for (const std::string& folder : folders) {
         for (const std::string& file : filesIn(folder, "")) files.push_back(file);
