@@ -12,7 +12,7 @@
 #include <benchmark/benchmark.h>
 #include <ebo_config.h>
 #include <ka/log_sink.h>
-#include <parse/section.h>
+#include <parse/loads.h>
 
 #include "loaders.h"
 #include "record_bytes.h"
@@ -83,7 +83,7 @@ void registerEntry(const std::string& name, Load load, Destroy destroy) {
 // The records from a document that is open already.
 KAEboParam* extract(KAJsonParser* parser) {
     auto* ebo = static_cast<KAEboParam*>(ka_mem_malloc(sizeof(KAEboParam), __func__));
-    for (const EboLoadStep& step : kEboLoadOrder) step.load(parser, "ebo_configs", ebo);
+    eboReadSections(kEboLoads[kEboFullLoad], parser, ebo);
     return ebo;
 }
 

@@ -17,6 +17,7 @@
 #include <cstring>
 
 #include <ebo_lifecycle.h>
+#include <parse/loads.h>
 #include <parse/section_reader.h>
 
 #include "loaders.h"
@@ -46,7 +47,8 @@ inline void takeText(const EboSection& section, const EboKeyRow& row, const char
 }
 
 template <typename Peer>
-bool takeKey(Peer& peer, const EboSection& section, const EboKeyRow& row, char* record, Rows rows) {
+bool takeKey(Peer& peer, const EboSection& section, const EboKeyRow& row, char* record, int32_t* mask,
+             Rows rows) {
     char* field = record + row.offset;
     int integer = 0;
     const char* text = nullptr;
@@ -58,6 +60,10 @@ bool takeKey(Peer& peer, const EboSection& section, const EboKeyRow& row, char* 
         case EboKeyKind::Int16:
             if (!peer.integer(row.key, &integer)) return false;
             *reinterpret_cast<int16_t*>(field) = static_cast<int16_t>(integer);
+            return true;
+        case EboKeyKind::MaskBit:
+            if (!peer.integer(row.key, &integer)) return false;
+            if (integer == 1) *mask |= 1 << row.offset;
             return true;
         case EboKeyKind::Flag:
             if (!peer.integer(row.key, &integer)) return false;
@@ -73,11 +79,14 @@ bool takeKey(Peer& peer, const EboSection& section, const EboKeyRow& row, char* 
 }
 
 template <typename Peer>
-bool takeKeys(Peer& peer, const EboSection& section, void* record, Rows rows) {
+bool takeKeys(Peer& peer, const EboSection& section, void* record, int32_t* mask, Rows rows) {
     for (uint16_t i = 1; i < section.rowCount; ++i) {
         const EboKeyRow& row = section.rows[i];
-        if (!takeKey(peer, section, row, static_cast<char*>(record), rows) && row.missing != nullptr)
-            return false;
+        const bool hasKey = row.ifMissing != EboIfMissing::NoKey;
+        if (hasKey && takeKey(peer, section, row, static_cast<char*>(record), mask, rows)) continue;
+        if (row.ifMissing == EboIfMissing::Fails) return false;
+        if (row.text != nullptr)
+            *reinterpret_cast<int32_t*>(static_cast<char*>(record) + row.offset) = std::atoi(row.text);
     }
     return true;
 }
@@ -91,17 +100,17 @@ bool enabled(Peer& peer, const EboSection& section, int32_t* mask) {
     return true;
 }
 
-template <typename Record>
-Record* make() {
-    return static_cast<Record*>(std::calloc(1, sizeof(Record)));
-}
-
-// A section that is read whether enabled or not; null when a key is missing.
-template <typename Record, typename Peer>
-Record* take(Peer& peer, const EboSection& section, int32_t* mask, Rows rows) {
-    enabled(peer, section, mask);
-    auto* record = make<Record>();
-    if (takeKeys(peer, section, record, rows)) return record;
+// A new record, or of a section without one the mask; null when a key is missing that is required, or the section leaves
+// no record.
+template <typename Peer>
+void* take(Peer& peer, const EboSection& section, int32_t* mask, Rows rows) {
+    int32_t lost = 0;
+    const bool echo = section.container == EboContainer::EchoCanceller;
+    const bool on = enabled(peer, section, echo ? &lost : mask);
+    if (!on && section.whenDisabled == EboDisabled::LeavesNoRecord) return nullptr;
+    void* record = section.recordSize > 0 ? std::calloc(1, section.recordSize) : nullptr;
+    const bool reads = on || section.whenDisabled == EboDisabled::IsRead;
+    if (!reads || takeKeys(peer, section, record, mask, rows)) return record != nullptr ? record : mask;
     std::free(record);
     return nullptr;
 }
@@ -109,44 +118,21 @@ Record* take(Peer& peer, const EboSection& section, int32_t* mask, Rows rows) {
 // The whole capture path of a complete file; null when it is not complete, and then what was built is lost.
 template <typename Peer>
 KAEboParam* fill(Peer& peer, Rows rows) {
-    auto* ebo = make<KAEboParam>();
-    ebo->aec = take<EboAecParam>(peer, kEboAecSection, &ebo->model_en, rows);
-    if (ebo->aec == nullptr) return nullptr;
-    if (int32_t none = 0; enabled(peer, kEboDelaySection, &none)) {
-        ebo->aec->delay = make<EboDelayParam>();
-        if (!takeKeys(peer, kEboDelaySection, ebo->aec->delay, rows)) return nullptr;
-        ebo->aec->model_aec_en |= EBO_AEC_DELAY;
+    auto* ebo = static_cast<KAEboParam*>(std::calloc(1, sizeof(KAEboParam)));
+    const EboLoad& load = kEboLoads[kEboFullLoad];
+    for (size_t i = 0; i < load.sectionCount; ++i) {
+        const EboSection& section = *load.sections[i];
+        void* container = section.container == EboContainer::Root            ? static_cast<void*>(ebo)
+                          : section.container == EboContainer::EchoCanceller ? static_cast<void*>(ebo->aec)
+                                                                             : static_cast<void*>(ebo->bf);
+        int32_t* mask = section.container == EboContainer::Beamformer ? &ebo->bf->model_en : &ebo->model_en;
+        void* record = take(peer, section, mask, rows);
+        if (record == nullptr && section.optional == 0) return nullptr;
+        if (section.recordSize > 0)
+            std::memcpy(static_cast<char*>(container) + section.slot, &record, sizeof(record));
+        if (record != nullptr && section.container == EboContainer::EchoCanceller)
+            ebo->aec->model_aec_en |= section.bit;
     }
-    auto* bf = ebo->bf = take<EboBeamFormParam>(peer, kEboBfSection, &ebo->model_en, rows);
-    if (bf == nullptr) return nullptr;
-    int32_t* mask = &bf->model_en;
-    enabled(peer, kEboFastAecSection, mask);
-    enabled(peer, kEboGscSection, mask);
-    if (int method = 0; peer.integer("method", &method) && method == 1) *mask |= EBO_BF_GSC_METHOD;
-    enabled(peer, kEboWindSection, mask);
-    bf->agc = take<EboAgcParam>(peer, kEboAgcSection, mask, rows);
-    bf->anr = take<EboAnrParam>(peer, kEboAnrSection, mask, rows);
-    bf->nlp = take<EboNlpParam>(peer, kEboNlpSection, mask, rows);
-    bf->dereverb = take<EboDereverbParam>(peer, kEboDereverbSection, mask, rows);
-    bf->cng = take<EboCngParam>(peer, kEboCngSection, mask, rows);
-    bf->dtd = take<EboDtdParam>(peer, kEboDtdSection, mask, rows);
-    bf->aes = take<EboAesParam>(peer, kEboAesSection, mask, rows);
-    bf->howl = take<EboHowlParam>(peer, kEboHowlSection, mask, rows);
-    bf->doa = take<EboDoaParam>(peer, kEboDoaSection, mask, rows);
-    bf->wakeup = make<EboWakeupParam>();
-    if (enabled(peer, kEboWakeupSection, mask)) {
-        bf->wakeup->wakeup_frames = 180;
-        takeKeys(peer, kEboWakeupSection, bf->wakeup, rows);
-    }
-    bf->ainr = make<EboAiNRParam>();
-    if (enabled(peer, kEboAinrSection, mask)) takeKeys(peer, kEboAinrSection, bf->ainr, rows);
-    if (bf->agc == nullptr || bf->anr == nullptr || bf->nlp == nullptr || bf->dereverb == nullptr ||
-        bf->cng == nullptr || bf->dtd == nullptr || bf->aes == nullptr || bf->howl == nullptr ||
-        bf->doa == nullptr) {
-        return nullptr;
-    }
-    bf->agc->sample_rate = 16000;
-    bf->agc->frame_len = 256;
     return ebo;
 }
 

@@ -1,6 +1,5 @@
 // Sections "aec" and "delay": echo canceller and delay estimator.
 #include <algorithm>
-#include <cstdlib>
 
 #include "ebo_parse.h"
 #include "row_scan.h"
@@ -10,7 +9,8 @@ namespace {
 
 constexpr uint8_t kMaxChannels = 16;
 
-void takeChannelMap(const EboSection& section, const EboKeyRow& /*row*/, const char* text, void* record) {
+void takeChannelMap(const EboSection& section, const EboKeyRow& row, const char* text, void* record) {
+    if (row.kind != EboKeyKind::ChannelMap || text == KA_NULL) return;
     const char* const function = section.function;
     auto* aec = static_cast<EboAecParam*>(record);
     int32_t chns = 0;
@@ -42,9 +42,9 @@ constexpr EboKeyRow kAecKeys[] = {
     AEC(delay_len, "find aec delay_len failed"),
     AEC(look_ahead, "find aec look_ahead failed"),
     AEC(filter_len, "find aec filter_len failed"),
+    EBO_NO_KEY(EboAecParam, pos, 0),
 };
 
-// No row for LeastDelay on purpose: the field is printed, but no key fills it.
 #define DELAY(field, text) EBO_NUMBER(EboDelayParam, field, text)
 constexpr EboKeyRow kDelayKeys[] = {
     EBO_STATUS("find delay status failed"),
@@ -56,15 +56,18 @@ constexpr EboKeyRow kDelayKeys[] = {
     DELAY(StartFreq, "find delay StartFreq failed"),
     DELAY(EndFreq, "find delay EndFreq failed"),
     DELAY(SmoothFactor, "find delay SmoothFactor failed"),
+    EBO_NO_KEY(EboDelayParam, LeastDelay, 0),  // on purpose: it is printed, but no key fills it
 };
 // clang-format on
 
 }  // namespace
 
 // clang-format off
-const EboSection kEboAecSection = {EBO_SECTION("aec", parseEboAecConfigs, kAecKeys, EboAecParam, EBO_PATH_AEC, "aec != KA_NULL"), 0, "aec: not enable", takeChannelMap};
-// The bit of a delay record is set by the loaders, in the echo canceller's own mask.
-const EboSection kEboDelaySection = {EBO_SECTION("delay", parseEboDelayConfigs, kDelayKeys, EboDelayParam, 0, "delay != KA_NULL"), 0, "delay: not enable"};
+constexpr EboSection kEboAecSection = EBO_SECTION("aec", parseEboAecConfigs, kAecKeys, EboAecParam, EBO_PATH_AEC, Root, offsetof(KAEboParam, aec), "aec != KA_NULL")
+    .disabled(EboDisabled::IsRead, "aec: not enable").with(takeChannelMap);
+// On purpose, unlike other sections, a disabled one is not read further and leaves no record.
+constexpr EboSection kEboDelaySection = EBO_SECTION("delay", parseEboDelayConfigs, kDelayKeys, EboDelayParam, EBO_AEC_DELAY, EchoCanceller, offsetof(EboAecParam, delay), "delay != KA_NULL")
+    .disabled(EboDisabled::LeavesNoRecord, "delay: not enable").isOptional();
 // clang-format on
 
 // A failure after the channel map was read leaks the map on purpose: only the record's own block is released.
@@ -72,20 +75,6 @@ EboAecParam* parseEboAecConfigs(void* parser, const char* root, int* model_en) {
     return readSection<EboAecParam>(parser, root, model_en, kEboAecSection);
 }
 
-// On purpose, unlike other sections, a disabled one is not read further and leaves no record.
 EboDelayParam* parseEboDelayConfigs(void* parser, const char* root, int* model_en) {
-    if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
-    const EboReading reading(kEboDelaySection, parser, root);
-    void* delay = eboMakeRecord(kEboDelaySection);
-    int untouched = 0;  // on purpose: no bit of the caller's mask is this section's
-    const EboStatus status = eboReadStatus(reading, kEboDelaySection.bit, &untouched);
-    if (status == EboStatus::Disabled) {
-        ka_mem_safe_free(&delay, __func__);  // on purpose not free(), unlike the failures below
-        return KA_NULL;
-    }
-    if (status == EboStatus::Missing || !eboReadKeys(reading, delay)) {
-        std::free(delay);
-        return KA_NULL;
-    }
-    return static_cast<EboDelayParam*>(delay);
+    return readSection<EboDelayParam>(parser, root, model_en, kEboDelaySection);
 }

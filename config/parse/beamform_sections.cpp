@@ -4,16 +4,13 @@
 
 namespace {
 
-// The one key of "gsc" behind its status lives on only as a bit of the mask.
-struct GscKeys {
-    int32_t method;
-};
-
 // clang-format off
 constexpr EboKeyRow kBfKeys[] = {
     EBO_STATUS("find bf status failed"),
     EBO_FLAG(EboBeamFormParam, drop_ref_channel, "find bf drop_ref_channel failed"),
     EBO_NUMBER(EboBeamFormParam, targ, "find bf targ failed"),
+    EBO_NO_KEY(EboBeamFormParam, ref_pos, 0),
+    EBO_NO_KEY(EboBeamFormParam, num_ref_channel, 0),
 };
 
 // "fast_aec" and "wind" report a missing status in the words of "bf" on purpose; the function name tells them
@@ -27,17 +24,18 @@ constexpr EboKeyRow kWindKeys[] = {
 
 constexpr EboKeyRow kGscKeys[] = {
     EBO_STATUS("find gsc status failed"),
-    EBO_NUMBER(GscKeys, method, "find gsc method failed"),
+    EBO_MASK_BIT("method", EBO_BF_GSC_METHOD, "find gsc method failed"),
 };
 // clang-format on
 
 }  // namespace
 
 // clang-format off
-const EboSection kEboBfSection = {EBO_SECTION("bf", parseEboBfConfigs, kBfKeys, EboBeamFormParam, EBO_PATH_BF, "bf != KA_NULL"), 0, "bf: not enable"};
-const EboSection kEboFastAecSection = {EBO_SWITCH("fast_aec", parseEboFastAecConfigs, kFastAecKeys, EBO_BF_FAST_AEC)};
-const EboSection kEboGscSection = {EBO_SWITCH("gsc", parseEboGscConfigs, kGscKeys, EBO_BF_GSC)};
-const EboSection kEboWindSection = {EBO_SWITCH("wind", parseEboWindConfigs, kWindKeys, EBO_BF_WIND)};
+constexpr EboSection kEboBfSection = EBO_SECTION("bf", parseEboBfConfigs, kBfKeys, EboBeamFormParam, EBO_PATH_BF, Root, offsetof(KAEboParam, bf), "bf != KA_NULL")
+    .disabled(EboDisabled::IsRead, "bf: not enable");
+constexpr EboSection kEboFastAecSection = EBO_SWITCH("fast_aec", parseEboFastAecConfigs, kFastAecKeys, EBO_BF_FAST_AEC);
+constexpr EboSection kEboGscSection = EBO_SWITCH("gsc", parseEboGscConfigs, kGscKeys, EBO_BF_GSC);
+constexpr EboSection kEboWindSection = EBO_SWITCH("wind", parseEboWindConfigs, kWindKeys, EBO_BF_WIND);
 // clang-format on
 
 EboBeamFormParam* parseEboBfConfigs(void* parser, const char* root, int* model_en) {
@@ -45,16 +43,13 @@ EboBeamFormParam* parseEboBfConfigs(void* parser, const char* root, int* model_e
 }
 
 int parseEboFastAecConfigs(void* parser, const char* root, int* model_en) {
-    return eboReadSwitch(parser, root, model_en, kEboFastAecSection, KA_NULL);
+    return eboReadSection(parser, root, model_en, kEboFastAecSection) != KA_NULL ? 0 : -1;
 }
 
 int parseEboGscConfigs(void* parser, const char* root, int* model_en) {
-    GscKeys gsc = {};
-    if (eboReadSwitch(parser, root, model_en, kEboGscSection, &gsc) != 0) return -1;
-    if (gsc.method == 1) *model_en |= EBO_BF_GSC_METHOD;  // on purpose whatever the status
-    return 0;
+    return eboReadSection(parser, root, model_en, kEboGscSection) != KA_NULL ? 0 : -1;
 }
 
 int parseEboWindConfigs(void* parser, const char* root, int* model_en) {
-    return eboReadSwitch(parser, root, model_en, kEboWindSection, KA_NULL);
+    return eboReadSection(parser, root, model_en, kEboWindSection) != KA_NULL ? 0 : -1;
 }

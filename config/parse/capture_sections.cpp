@@ -24,7 +24,7 @@ void reviewMode(const EboWakeupParam& wakeup, const char* function) {
     ka_log(EBO_NOTICE, EBO_GREEN("Current wakeup mode is: %d\n"), function, __LINE__, mode);
 }
 
-void reviewWakeup(const EboSection& section, const EboKeyRow& row, const void* record) {
+void reviewWakeup(const EboSection& section, const EboKeyRow& row, const char* /*text*/, void* record) {
     const auto& wakeup = *static_cast<const EboWakeupParam*>(record);
     if (row.offset == offsetof(EboWakeupParam, wakeup_words)) reviewWords(wakeup, section.function);
     if (row.offset == offsetof(EboWakeupParam, mode)) reviewMode(wakeup, section.function);
@@ -35,7 +35,7 @@ void reviewWakeup(const EboSection& section, const EboKeyRow& row, const void* r
 #define WAKEUP(field) EBO_NUMBER_OPTIONAL(EboWakeupParam, field)
 constexpr EboKeyRow kWakeupKeys[] = {
     EBO_STATUS_OPTIONAL,
-    WAKEUP(wakeup_frames),
+    EBO_NUMBER_PRESET(EboWakeupParam, wakeup_frames, 180),
     WAKEUP(wakeup_words),
     WAKEUP(mode),
     EBO_WORD_OPTIONAL(EboWakeupParam, model_word1),
@@ -61,23 +61,16 @@ constexpr EboKeyRow kHowlKeys[] = {
 }  // namespace
 
 // clang-format off
-const EboSection kEboWakeupSection = {EBO_SECTION("wakeup", parseEboWakeupConfigs, kWakeupKeys, EboWakeupParam, EBO_BF_WAKEUP, "wakeup != KA_NULL"), 0, nullptr, nullptr, reviewWakeup};
-const EboSection kEboDoaSection = {EBO_SECTION("doa", parseEboDoaConfigs, kDoaKeys, EboDoaParam, EBO_BF_DOA, "doa != KA_NULL")};
-const EboSection kEboHowlSection = {EBO_SECTION("howl", parseEboHowlConfigs, kHowlKeys, EboHowlParam, EBO_BF_HOWL, "howl != KA_NULL"), EBO_RX_HOWL};
+// Reads its keys by the bit in the mask, on purpose not by its own status: a bit that was set before counts too.
+constexpr EboSection kEboWakeupSection = EBO_MODULE("wakeup", parseEboWakeupConfigs, kWakeupKeys, EboWakeupParam, EBO_BF_WAKEUP, wakeup, "wakeup != KA_NULL")
+    .disabled(EboDisabled::GoesByMask).isOptional().with(reviewWakeup);
+constexpr EboSection kEboDoaSection = EBO_MODULE("doa", parseEboDoaConfigs, kDoaKeys, EboDoaParam, EBO_BF_DOA, doa, "doa != KA_NULL");
+constexpr EboSection kEboHowlSection = EBO_MODULE("howl", parseEboHowlConfigs, kHowlKeys, EboHowlParam, EBO_BF_HOWL, howl, "howl != KA_NULL")
+    .onPlayback(EBO_RX_HOWL, offsetof(EboRxParam, howl));
 // clang-format on
 
-// Reads its keys by the bit in the mask, on purpose not by its own status: a bit that was set before counts
-// too.
 EboWakeupParam* parseEboWakeupConfigs(void* parser, const char* root, int* model_en) {
-    if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
-    const EboReading reading(kEboWakeupSection, parser, root);
-    auto* wakeup = static_cast<EboWakeupParam*>(eboMakeRecord(kEboWakeupSection));
-    eboReadStatus(reading, kEboWakeupSection.bit, model_en);
-    if ((*model_en & EBO_BF_WAKEUP) == 0) return wakeup;
-
-    wakeup->wakeup_frames = 180;
-    eboReadKeys(reading, wakeup);  // every key is optional
-    return wakeup;
+    return readSection<EboWakeupParam>(parser, root, model_en, kEboWakeupSection);
 }
 
 EboDoaParam* parseEboDoaConfigs(void* parser, const char* root, int* model_en) {

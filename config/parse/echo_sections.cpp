@@ -15,6 +15,7 @@ constexpr uint8_t kBands = std::extent_v<decltype(EboNlpParam::bands)>;
 // A super_est_factor that the text does not supply is the band's band_pass_thd, on purpose: as if both
 // texts were read into one scratch. A band_pass_thd that the text does not supply stays zero.
 void takeBands(const EboSection& /*section*/, const EboKeyRow& row, const char* text, void* record) {
+    if (row.kind != EboKeyKind::BandList || text == KA_NULL) return;
     auto* nlp = static_cast<EboNlpParam*>(record);
     int32_t scratch[kBands];
     for (size_t i = 0; i < kBands; ++i) scratch[i] = nlp->bands[i].band_pass_thd;
@@ -28,7 +29,7 @@ void takeBands(const EboSection& /*section*/, const EboKeyRow& row, const char* 
 
 // clang-format off
 #define AES(field, text) EBO_NUMBER(EboAesParam, field, text)
-#define AES_ROW(table, r, text) EBO_KEY(#table "_" #r, EboAesParam, table[r], EBO_RED(text))
+#define AES_ROW(table, r, toCome, text) EBO_TABLE_ROW(#table "_" #r, EboAesParam, table[r], toCome, text)
 constexpr EboKeyRow kAesKeys[] = {
     EBO_STATUS("find aes status failed"),
     AES(beta_up, "find aes beta_up failed"),
@@ -39,22 +40,22 @@ constexpr EboKeyRow kAesKeys[] = {
     AES(high_freq, "find aes high_freq failed"),
     AES(thd_flag, "find aes thd_flag failed"),
     AES(hard_flag, "find aes hard_flag failed"),
-    AES_ROW(LimitRatio, 0, "find aes LimitRatio_0 failed"),
-    AES_ROW(LimitRatio, 1, "find aes LimitRatio_1 failed"),
-    AES_ROW(ThdSplitFreq, 0, "find aes ThdSplitFreq_0 failed"),
-    AES_ROW(ThdSplitFreq, 1, "find aes ThdSplitFreq_1 failed"),
-    AES_ROW(ThdSplitFreq, 2, "find aes ThdSplitFreq_2 failed"),
-    AES_ROW(ThdSplitFreq, 3, "find aes ThdSplitFreq_3 failed"),
-    AES_ROW(ThdSupDegree, 0, "find aes ThdSupDegree_0 failed"),
-    AES_ROW(ThdSupDegree, 1, "find aes ThdSupDegree_1 failed"),
-    AES_ROW(ThdSupDegree, 2, "find aes ThdSupDegree_2 failed"),
-    AES_ROW(ThdSupDegree, 3, "find aes ThdSupDegree_3 failed"),
-    AES_ROW(HardSplitFreq, 0, "find aes HardSplitFreq_0 failed"),
-    AES_ROW(HardSplitFreq, 1, "find aes HardSplitFreq_1 failed"),
-    AES_ROW(HardSplitFreq, 2, "find aes HardSplitFreq_2 failed"),
-    AES_ROW(HardSplitFreq, 3, "find aes HardSplitFreq_3 failed"),
-    AES_ROW(HardSplitFreq, 4, "find aes HardSplitFreq_4 failed"),
-    AES(HardThreshold, "find aes HardThreshold failed"),
+    AES_ROW(LimitRatio, 0, 1, "find aes LimitRatio_0 failed"),
+    AES_ROW(LimitRatio, 1, 0, "find aes LimitRatio_1 failed"),
+    AES_ROW(ThdSplitFreq, 0, 3, "find aes ThdSplitFreq_0 failed"),
+    AES_ROW(ThdSplitFreq, 1, 2, "find aes ThdSplitFreq_1 failed"),
+    AES_ROW(ThdSplitFreq, 2, 1, "find aes ThdSplitFreq_2 failed"),
+    AES_ROW(ThdSplitFreq, 3, 0, "find aes ThdSplitFreq_3 failed"),
+    AES_ROW(ThdSupDegree, 0, 3, "find aes ThdSupDegree_0 failed"),
+    AES_ROW(ThdSupDegree, 1, 2, "find aes ThdSupDegree_1 failed"),
+    AES_ROW(ThdSupDegree, 2, 1, "find aes ThdSupDegree_2 failed"),
+    AES_ROW(ThdSupDegree, 3, 0, "find aes ThdSupDegree_3 failed"),
+    AES_ROW(HardSplitFreq, 0, 4, "find aes HardSplitFreq_0 failed"),
+    AES_ROW(HardSplitFreq, 1, 3, "find aes HardSplitFreq_1 failed"),
+    AES_ROW(HardSplitFreq, 2, 2, "find aes HardSplitFreq_2 failed"),
+    AES_ROW(HardSplitFreq, 3, 1, "find aes HardSplitFreq_3 failed"),
+    AES_ROW(HardSplitFreq, 4, 0, "find aes HardSplitFreq_4 failed"),
+    EBO_TABLE_ROW("HardThreshold", EboAesParam, HardThreshold, 0, "find aes HardThreshold failed"),
 };
 
 constexpr EboKeyRow kNlpKeys[] = {
@@ -74,10 +75,10 @@ constexpr EboKeyRow kDtdKeys[] = {
 }  // namespace
 
 // clang-format off
-const EboSection kEboAesSection = {EBO_SECTION("aes", parseEboAesConfigs, kAesKeys, EboAesParam, EBO_BF_AES, "aes != KA_NULL")};
-const EboSection kEboNlpSection = {EBO_SECTION("nlp", parseEboNlpConfigs, kNlpKeys, EboNlpParam, EBO_BF_NLP, "nlp != KA_NULL"), 0, nullptr, takeBands};
+constexpr EboSection kEboAesSection = EBO_MODULE("aes", parseEboAesConfigs, kAesKeys, EboAesParam, EBO_BF_AES, aes, "aes != KA_NULL");
+constexpr EboSection kEboNlpSection = EBO_MODULE("nlp", parseEboNlpConfigs, kNlpKeys, EboNlpParam, EBO_BF_NLP, nlp, "nlp != KA_NULL").with(takeBands);
 // The expression does not bear the section's name, on purpose.
-const EboSection kEboDtdSection = {EBO_SECTION("dtd", parseEboDtdConfigs, kDtdKeys, EboDtdParam, EBO_BF_DTD, "sdtd != KA_NULL")};
+constexpr EboSection kEboDtdSection = EBO_MODULE("dtd", parseEboDtdConfigs, kDtdKeys, EboDtdParam, EBO_BF_DTD, dtd, "sdtd != KA_NULL");
 // clang-format on
 
 EboAesParam* parseEboAesConfigs(void* parser, const char* root, int* model_en) {

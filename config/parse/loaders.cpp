@@ -2,42 +2,10 @@
 #include <cstdlib>
 
 #include "ebo_parse.h"
-#include "section.h"
+#include "loads.h"
 #include "section_reader.h"
 
 namespace {
-
-constexpr char kCaptureRoot[] = "ebo_configs";
-constexpr char kPlaybackRoot[] = "ebo_ao_configs";
-constexpr char kGainRoot[] = "ebo_agc_configs";
-
-bool loadAec(void* parser, const char* root, KAEboParam* ebo) {
-    ebo->aec = parseEboAecConfigs(parser, root, &ebo->model_en);
-    return ebo->aec != KA_NULL;
-}
-
-// On purpose never fails a load: without a record there is no delay estimation.
-bool loadDelay(void* parser, const char* root, KAEboParam* ebo) {
-    ebo->aec->delay = parseEboDelayConfigs(parser, root, &ebo->model_en);
-    if (ebo->aec->delay != KA_NULL) ebo->aec->model_aec_en |= EBO_AEC_DELAY;
-    return true;
-}
-
-bool loadBf(void* parser, const char* root, KAEboParam* ebo) {
-    ebo->bf = parseEboBfConfigs(parser, root, &ebo->model_en);
-    return ebo->bf != KA_NULL;
-}
-
-template <auto Read>
-bool loadSwitch(void* parser, const char* root, KAEboParam* ebo) {
-    return Read(parser, root, &ebo->bf->model_en) == 0;
-}
-
-template <auto Slot, auto Read>
-bool loadModule(void* parser, const char* root, KAEboParam* ebo) {
-    ebo->bf->*Slot = Read(parser, root, &ebo->bf->model_en);
-    return ebo->bf->*Slot != KA_NULL;
-}
 
 void freeIfSet(void* block) {
     if (block != KA_NULL) std::free(block);
@@ -74,40 +42,14 @@ Record* makeRecord(const char* assertion, const char* function, int line) {
 
 }  // namespace
 
-const EboLoadStep kEboLoadOrder[kEboSectionCount] = {
-    {&kEboAecSection, loadAec},
-    {&kEboDelaySection, loadDelay},
-    {&kEboBfSection, loadBf},
-    {&kEboFastAecSection, loadSwitch<parseEboFastAecConfigs>},
-    {&kEboGscSection, loadSwitch<parseEboGscConfigs>},
-    {&kEboWindSection, loadSwitch<parseEboWindConfigs>},
-    {&kEboAgcSection, loadModule<&EboBeamFormParam::agc, parseEboAgcConfigs>},
-    {&kEboAnrSection, loadModule<&EboBeamFormParam::anr, parseEboAnrConfigs>},
-    {&kEboNlpSection, loadModule<&EboBeamFormParam::nlp, parseEboNlpConfigs>},
-    {&kEboDereverbSection, loadModule<&EboBeamFormParam::dereverb, parseEboDereverbConfigs>},
-    {&kEboCngSection, loadModule<&EboBeamFormParam::cng, parseEboCngConfigs>},
-    {&kEboDtdSection, loadModule<&EboBeamFormParam::dtd, parseEboDtdConfigs>},
-    {&kEboAesSection, loadModule<&EboBeamFormParam::aes, parseEboAesConfigs>},
-    {&kEboHowlSection, loadModule<&EboBeamFormParam::howl, parseEboHowlConfigs>},
-    {&kEboDoaSection, loadModule<&EboBeamFormParam::doa, parseEboDoaConfigs>},
-    {&kEboWakeupSection, loadModule<&EboBeamFormParam::wakeup, parseEboWakeupConfigs>},
-    {&kEboAinrSection, loadModule<&EboBeamFormParam::ainr, parseEboAINRConfigs>},
-};
-
-constexpr size_t kBehindBf = 3;  // the first section that fills the beamformer's container
-
 KAEboParam* parseEboConfigs(const char* path) {
     if (path == KA_NULL) return KA_NULL;
     KAJsonParser parser;
     if (parser.parseFile(path) == 0) return KA_NULL;
     auto* ebo = makeRecord<KAEboParam>("ebo != KA_NULL", EBO_HERE);
-    for (const EboLoadStep& step : kEboLoadOrder) {
-        if (!step.load(&parser, kCaptureRoot, ebo)) {
-            abandon(ebo);
-            return KA_NULL;
-        }
-    }
-    return ebo;
+    if (eboReadSections(kEboLoads[kEboFullLoad], &parser, ebo)) return ebo;
+    abandon(ebo);
+    return KA_NULL;
 }
 
 EboAecParam* parseEboAecConfigs(const char* path) {
@@ -115,18 +57,16 @@ EboAecParam* parseEboAecConfigs(const char* path) {
     KAJsonParser parser;
     if (parser.parseFile(path) == 0) return KA_NULL;
     KAEboParam ebo = {};  // stands in for a root: its mask is lost
-    if (loadAec(&parser, kCaptureRoot, &ebo)) loadDelay(&parser, kCaptureRoot, &ebo);
+    eboReadSections(kEboLoads[kEboAecLoad], &parser, &ebo);
     return ebo.aec;
 }
 
-// On purpose lenient behind "bf": a section that fails leaves its slot null.
 EboBeamFormParam* parseEboBeamFormConfigs(const char* path) {
     if (path == KA_NULL) return KA_NULL;
     KAJsonParser parser;
     if (parser.parseFile(path) == 0) return KA_NULL;
     KAEboParam ebo = {};  // stands in for a root: its mask is lost
-    if (!loadBf(&parser, kCaptureRoot, &ebo)) return KA_NULL;
-    for (size_t i = kBehindBf; i < kEboSectionCount; ++i) kEboLoadOrder[i].load(&parser, kCaptureRoot, &ebo);
+    eboReadSections(kEboLoads[kEboBeamFormLoad], &parser, &ebo);
     return ebo.bf;
 }
 
@@ -136,10 +76,10 @@ KAEboParam* parseEboAoConfigs(const char* path) {
     if (parser.parseFile(path) == 0) return KA_NULL;
     auto* ebo = makeRecord<KAEboParam>("ebo != KA_NULL", EBO_HERE);
     ebo->model_en = EBO_PATH_RX;
-    auto* rx = makeRecord<EboRxParam>("rx != KA_NULL", EBO_HERE);
-    rx->anr = parseEboAnrConfigs(&parser, kPlaybackRoot, &rx->model_en);
-    rx->howl = parseEboHowlConfigs(&parser, kPlaybackRoot, &rx->model_en);
-    ebo->rx = rx;
+    KAEboParam reading = {};  // the root has its container only once that is filled
+    reading.rx = makeRecord<EboRxParam>("rx != KA_NULL", EBO_HERE);
+    eboReadSections(kEboLoads[kEboAoLoad], &parser, &reading);
+    ebo->rx = reading.rx;
     return ebo;
 }
 
@@ -148,5 +88,5 @@ EboAgcParam* parseEboAgcConfigsFile(const char* path) {
     KAJsonParser parser;
     if (parser.parseFile(path) == 0) return KA_NULL;
     makeRecord<EboAgcParam>("eboAgc != KA_NULL", EBO_HERE);  // leaked on purpose: the reader makes its own
-    return parseEboAgcConfigs(&parser, kGainRoot, KA_NULL);
+    return parseEboAgcConfigs(&parser, kEboLoads[kEboAgcLoad].root, KA_NULL);
 }

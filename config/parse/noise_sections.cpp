@@ -62,7 +62,7 @@ constexpr EboKeyRow kCngKeys[] = {
     CNG(fSpeechGain, "find cng fSpeechGain failed"),
 };
 
-// On purpose not the order of the fields. sample_rate and frame_len have no key.
+// On purpose not the order of the fields.
 #define AGC(field, text) EBO_NUMBER(EboAgcParam, field, text)
 constexpr EboKeyRow kAgcKeys[] = {
     EBO_STATUS("find agc status failed"),
@@ -81,35 +81,30 @@ constexpr EboKeyRow kAgcKeys[] = {
     AGC(swSmL0, "find agc swSmL0 failed"),
     AGC(swSmL1, "find agc swSmL1 failed"),
     AGC(swSmL2, "find agc swSmL2 failed"),
+    EBO_NO_KEY(EboAgcParam, sample_rate, 16000),
+    EBO_NO_KEY(EboAgcParam, frame_len, 256),
 };
 // clang-format on
 
 }  // namespace
 
 // clang-format off
-const EboSection kEboAnrSection = {EBO_SECTION("anr", parseEboAnrConfigs, kAnrKeys, EboAnrParam, EBO_BF_ANR, "anr != KA_NULL"), EBO_RX_ANR};
-const EboSection kEboAinrSection = {EBO_SECTION("ainr", parseEboAINRConfigs, kAinrKeys, EboAiNRParam, EBO_BF_AINR, "ainr != KA_NULL")};
-const EboSection kEboDereverbSection = {EBO_SECTION("dereverb", parseEboDereverbConfigs, kDereverbKeys, EboDereverbParam, EBO_BF_DEREVERB, "dereverb != KA_NULL")};
-const EboSection kEboCngSection = {EBO_SECTION("cng", parseEboCngConfigs, kCngKeys, EboCngParam, EBO_BF_CNG, "cng != KA_NULL")};
-const EboSection kEboAgcSection = {EBO_SECTION("agc", parseEboAgcConfigs, kAgcKeys, EboAgcParam, EBO_BF_AGC, "agc != KA_NULL")};
+constexpr EboSection kEboAnrSection = EBO_MODULE("anr", parseEboAnrConfigs, kAnrKeys, EboAnrParam, EBO_BF_ANR, anr, "anr != KA_NULL")
+    .onPlayback(EBO_RX_ANR, offsetof(EboRxParam, anr));
+// On purpose only the status is required; the model path of a section that is not enabled is not looked at.
+constexpr EboSection kEboAinrSection = EBO_MODULE("ainr", parseEboAINRConfigs, kAinrKeys, EboAiNRParam, EBO_BF_AINR, ainr, "ainr != KA_NULL")
+    .disabled(EboDisabled::LeavesZeros);
+constexpr EboSection kEboDereverbSection = EBO_MODULE("dereverb", parseEboDereverbConfigs, kDereverbKeys, EboDereverbParam, EBO_BF_DEREVERB, dereverb, "dereverb != KA_NULL");
+constexpr EboSection kEboCngSection = EBO_MODULE("cng", parseEboCngConfigs, kCngKeys, EboCngParam, EBO_BF_CNG, cng, "cng != KA_NULL");
+constexpr EboSection kEboAgcSection = EBO_MODULE("agc", parseEboAgcConfigs, kAgcKeys, EboAgcParam, EBO_BF_AGC, agc, "agc != KA_NULL");
 // clang-format on
 
 EboAnrParam* parseEboAnrConfigs(void* parser, const char* root, int* model_en) {
     return readSection<EboAnrParam>(parser, root, model_en, kEboAnrSection);
 }
 
-// On purpose only the status is required; the model path of a section that is not enabled is not looked at.
 EboAiNRParam* parseEboAINRConfigs(void* parser, const char* root, int* model_en) {
-    if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
-    const EboReading reading(kEboAinrSection, parser, root);
-    void* ainr = eboMakeRecord(kEboAinrSection);
-    const EboStatus status = eboReadStatus(reading, kEboAinrSection.bit, model_en);
-    if (status == EboStatus::Missing) {
-        ka_mem_safe_free(&ainr, __func__);  // on purpose not free(), unlike the other sections
-        return KA_NULL;
-    }
-    if (status == EboStatus::Enabled) eboReadKeys(reading, ainr);
-    return static_cast<EboAiNRParam*>(ainr);
+    return readSection<EboAiNRParam>(parser, root, model_en, kEboAinrSection);
 }
 
 EboDereverbParam* parseEboDereverbConfigs(void* parser, const char* root, int* model_en) {
@@ -124,9 +119,5 @@ EboCngParam* parseEboCngConfigs(void* parser, const char* root, int* model_en) {
 EboAgcParam* parseEboAgcConfigs(void* parser, const char* root, int* model_en) {
     int lost = 0;
     int* mask = model_en != KA_NULL ? model_en : &lost;
-    auto* agc = readSection<EboAgcParam>(parser, root, mask, kEboAgcSection);
-    if (agc == KA_NULL) return KA_NULL;
-    agc->sample_rate = 16000;
-    agc->frame_len = 256;
-    return agc;
+    return readSection<EboAgcParam>(parser, root, mask, kEboAgcSection);
 }

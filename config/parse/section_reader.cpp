@@ -7,12 +7,30 @@
 
 namespace {
 
+// A section while it is being read. Lives on its reader's stack.
+struct Reading {
+    Reading(const EboSection& itsSection, void* parser, const char* root, int* mask)
+        : section(itsSection), model_en(mask) {
+        static_cast<KAJsonParser*>(parser)->getOptions(root, section.name, &keys);
+    }
+
+    const EboSection& section;
+    int* const model_en;
+    void* record = KA_NULL;
+    KaMetaData keys;    // the framework's view of the section's keys
+    size_t filled = 0;  // bytes of `table`
+    union {             // the rows of one table until its last
+        float floats[kEboTableBytes / sizeof(float)];
+        int16_t integers[kEboTableBytes / sizeof(int16_t)];
+    } table;
+};
+
 // A row's message is the complete literal of its table, so the format is not a literal here.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 #pragma GCC diagnostic ignored "-Wformat-security"
 void reportMissing(const EboSection& section, const EboKeyRow& row) {
-    ka_err(EBO_ERROR, row.missing, section.function, static_cast<int>(row.line));
+    ka_err(EBO_ERROR, row.text, section.function, static_cast<int>(row.line));
 }
 #pragma GCC diagnostic pop
 
@@ -21,9 +39,18 @@ int16_t narrow(int32_t value) {
     return static_cast<int16_t>(value);
 }
 
-void storeInt(EboKeyKind kind, int value, void* field) {
-    if (kind == EboKeyKind::Flag) value = value != 0 ? 1 : 0;
-    if (kind == EboKeyKind::Int16) {
+char* fieldOf(const EboKeyRow& row, void* record) {
+    return static_cast<char*>(record) + row.offset;
+}
+
+void storeInt(const Reading& reading, const EboKeyRow& row, int32_t value) {
+    if (row.kind == EboKeyKind::MaskBit) {
+        if (value == 1) *reading.model_en |= 1 << row.offset;  // on purpose whatever the status
+        return;
+    }
+    void* const field = fieldOf(row, reading.record);
+    if (row.kind == EboKeyKind::Flag) value = value != 0 ? 1 : 0;
+    if (row.kind == EboKeyKind::Int16) {
         *static_cast<int16_t*>(field) = narrow(value);
     } else {
         *static_cast<int32_t*>(field) = value;
@@ -47,42 +74,63 @@ void storePair(const char* text, int16_t* field) {
     field[1] = narrow(second);
 }
 
-void* fieldOf(const EboKeyRow& row, void* record) {
-    return static_cast<char*>(record) + row.offset;
+// A table goes into the record as a whole, after its last row: numbers that the texts do not supply are 0.
+void storeTableRow(Reading& reading, const EboKeyRow& row, const char* text) {
+    const bool floats = row.kind == EboKeyKind::FloatRow;
+    if (reading.filled == 0) std::memset(&reading.table, 0, sizeof(reading.table));
+    if (floats) {
+        storeFloats(text, row.count, reading.table.floats + reading.filled / sizeof(float));
+    } else {
+        storePair(text, reading.table.integers + reading.filled / sizeof(int16_t));
+    }
+    const size_t before = reading.filled;
+    reading.filled += row.count * (floats ? sizeof(float) : sizeof(int16_t));
+    if (row.toCome > 0) return;
+    std::memcpy(fieldOf(row, reading.record) - before, &reading.table, reading.filled);
+    reading.filled = 0;
 }
 
-bool findAndStore(const EboReading& reading, const EboKeyRow& row, void* record) {
+// *text is the value of a key that holds one.
+bool findAndStore(Reading& reading, const EboKeyRow& row, const char** text) {
     switch (row.kind) {
         case EboKeyKind::Int32:
         case EboKeyKind::Int16:
-        case EboKeyKind::Flag: {
+        case EboKeyKind::Flag:
+        case EboKeyKind::MaskBit: {
             int value = 0;
             if (!reading.keys.findInt32(row.key, &value)) return false;
-            storeInt(row.kind, value, fieldOf(row, record));
+            storeInt(reading, row, value);
             return true;
         }
         case EboKeyKind::Float: {
             float value = 0.0F;
             if (!reading.keys.findFloat(row.key, &value)) return false;
-            *static_cast<float*>(fieldOf(row, record)) = value;
+            std::memcpy(fieldOf(row, reading.record), &value, sizeof(value));
             return true;
         }
-        default: {
-            const char* text = KA_NULL;
-            if (!reading.keys.findCString(row.key, &text)) return false;
-            eboStoreText(reading.section, row, text, record);
+        default:
+            if (!reading.keys.findCString(row.key, text)) return false;
+            if (row.kind == EboKeyKind::FloatRow || row.kind == EboKeyKind::IntRow) {
+                storeTableRow(reading, row, *text);
+            } else if (row.kind == EboKeyKind::Word) {
+                eboStoreText(reading.section, row, *text, reading.record);
+            }
             return true;
-        }
     }
 }
 
-bool readKey(const EboReading& reading, const EboKeyRow& row, void* record) {
+bool readKey(Reading& reading, const EboKeyRow& row) {
     const EboSection& section = reading.section;
-    if (!findAndStore(reading, row, record) && row.missing != KA_NULL) {
-        reportMissing(section, row);
-        return false;
+    const char* text = KA_NULL;
+    if (row.ifMissing == EboIfMissing::NoKey || !findAndStore(reading, row, &text)) {
+        if (row.ifMissing == EboIfMissing::Fails) {
+            reportMissing(section, row);
+            return false;
+        }
+        int32_t preset = 0;
+        if (row.text != KA_NULL && EboScanner(row.text).integer(&preset)) storeInt(reading, row, preset);
     }
-    if (section.review != KA_NULL) section.review(section, row, record);
+    if (section.special != KA_NULL) section.special(section, row, text, reading.record);
     return true;
 }
 
@@ -92,51 +140,59 @@ int32_t bitUnder(const EboSection& section, const char* root) {
     return section.playbackBit;
 }
 
-}  // namespace
+enum class Status { Missing, Disabled, Enabled };
 
-EboReading::EboReading(const EboSection& section_, void* parser, const char* root) : section(section_) {
-    static_cast<KAJsonParser*>(parser)->getOptions(root, section.name, &keys);
-}
-
-EboStatus eboReadStatus(const EboReading& reading, int32_t bit, int* model_en) {
+// Sets `bit` in the mask when the section is enabled, and reports a missing status, and a disabled section where
+// that is reported.
+Status readStatus(const Reading& reading, int32_t bit) {
     const EboSection& section = reading.section;
     const EboKeyRow& row = section.rows[0];
     const char* status = KA_NULL;
     if (!reading.keys.findCString(row.key, &status)) {
-        if (row.missing != KA_NULL) reportMissing(section, row);
-        return EboStatus::Missing;
+        if (row.ifMissing != EboIfMissing::Fails) return Status::Disabled;
+        reportMissing(section, row);
+        return Status::Missing;
     }
     if (util_strcasecmp(status, "enable") == 0) {
-        *model_en |= bit;
-        return EboStatus::Enabled;
+        if (section.container != EboContainer::EchoCanceller) *reading.model_en |= bit;
+        return Status::Enabled;
     }
     if (section.notEnabled != KA_NULL)
         eboLogLine(section.notEnabled, section.function, static_cast<int>(section.line));
-    return EboStatus::Disabled;
+    return Status::Disabled;
 }
 
-bool eboReadKeys(const EboReading& reading, void* record) {
+bool readsKeys(const Reading& reading, int32_t bit, Status status) {
+    switch (reading.section.whenDisabled) {
+        case EboDisabled::IsRead:
+            return true;
+        case EboDisabled::GoesByMask:
+            return (*reading.model_en & bit) != 0;
+        default:
+            return status == Status::Enabled;
+    }
+}
+
+bool readKeys(Reading& reading) {
     const EboKeyRow* const end = reading.section.rows + reading.section.rowCount;
     for (const EboKeyRow* row = reading.section.rows + 1; row < end; ++row) {
-        if (!readKey(reading, *row, record)) return false;
+        if (!readKey(reading, *row)) return false;
     }
     return true;
 }
 
-void eboStoreText(const EboSection& section, const EboKeyRow& row, const char* text, void* record) {
-    void* const field = fieldOf(row, record);
-    switch (row.kind) {
-        case EboKeyKind::FloatRow:
-            return storeFloats(text, row.count, static_cast<float*>(field));
-        case EboKeyKind::IntRow:
-            return storePair(text, static_cast<int16_t*>(field));
-        case EboKeyKind::Word:
-            if (text[0] != '\0') *static_cast<char**>(field) = strdup(text);
-            return;
-        default:
-            return section.take(section, row, text, record);
+// On purpose two ways: free(), but for a section that leaves zeros the framework's own.
+void* fail(const Reading& reading) {
+    void* record = reading.record;
+    if (reading.section.whenDisabled == EboDisabled::LeavesZeros) {
+        ka_mem_safe_free(&record, reading.section.function);
+    } else {
+        std::free(record);
     }
+    return KA_NULL;
 }
+
+}  // namespace
 
 void* eboMakeBlock(size_t size, const char* assertion, const char* function, int line) {
     void* block = ka_mem_malloc(size, function);
@@ -145,26 +201,37 @@ void* eboMakeBlock(size_t size, const char* assertion, const char* function, int
     return block;
 }
 
-void* eboMakeRecord(const EboSection& section) {
-    return eboMakeBlock(section.recordSize, section.assertion, section.function,
-                        static_cast<int>(section.line));
+void eboStoreText(const EboSection& section, const EboKeyRow& row, const char* text, void* record) {
+    char* const field = fieldOf(row, record);
+    switch (row.kind) {
+        case EboKeyKind::FloatRow:
+            return storeFloats(text, row.count, reinterpret_cast<float*>(field));
+        case EboKeyKind::IntRow:
+            return storePair(text, reinterpret_cast<int16_t*>(field));
+        case EboKeyKind::Word:
+            if (text[0] != '\0') *reinterpret_cast<char**>(field) = strdup(text);
+            return;
+        default:
+            return section.special(section, row, text, record);
+    }
 }
 
 void* eboReadSection(void* parser, const char* root, int* model_en, const EboSection& section) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
     const int32_t bit = bitUnder(section, root);
-    const EboReading reading(section, parser, root);
-    void* record = eboMakeRecord(section);
-    if (eboReadStatus(reading, bit, model_en) == EboStatus::Missing || !eboReadKeys(reading, record)) {
-        std::free(record);  // on purpose not ka_mem_safe_free; its bit stays set
-        return KA_NULL;
+    Reading reading(section, parser, root, model_en);
+    if (section.recordSize > 0) {
+        reading.record = eboMakeBlock(section.recordSize, section.assertion, section.function,
+                                      static_cast<int>(section.line));
     }
-    return record;
-}
-
-int eboReadSwitch(void* parser, const char* root, int* model_en, const EboSection& section, void* keys) {
-    if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return -1;
-    const EboReading reading(section, parser, root);
-    if (eboReadStatus(reading, section.bit, model_en) == EboStatus::Missing) return -1;
-    return eboReadKeys(reading, keys) ? 0 : -1;
+    const Status status = readStatus(reading, bit);
+    if (status == Status::Missing) return fail(reading);
+    if (!readsKeys(reading, bit, status)) {
+        // On purpose not free(), unlike a failure.
+        if (section.whenDisabled == EboDisabled::LeavesNoRecord)
+            ka_mem_safe_free(&reading.record, section.function);
+        return reading.record;
+    }
+    if (!readKeys(reading)) return fail(reading);
+    return reading.record != KA_NULL ? reading.record : model_en;
 }

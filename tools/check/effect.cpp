@@ -1,5 +1,6 @@
 #include "check/section.h"
 #include "model/load_log.h"
+#include "model/places.h"
 #include "text/words.h"
 
 namespace {
@@ -16,10 +17,10 @@ std::string effectOfFailure(const CheckPass& pass, const CheckStep& step, bool e
                             const std::string& message) {
     const EboSection& section = *step.section;
     const std::string logged = ": " + message + whoseMessage(section, message);
-    if (step.required) return pass.load + std::string(" fails") + logged;
+    if (step.required) return pass.load + " fails" + logged;
 
-    const std::string goesOn = pass.load + std::string(" goes on ");
-    if (&section == &kEboDelaySection) return goesOn + "without delay estimation" + logged;
+    const std::string goesOn = pass.load + " goes on ";
+    if (section.container == EboContainer::EchoCanceller) return goesOn + "without delay estimation" + logged;
     if (section.recordSize == 0)
         return goesOn + "with " + quoted(section.name) + (enabled ? " on" : " off") + logged;
     return goesOn + "without the record of " + quoted(section.name) +
@@ -29,14 +30,14 @@ std::string effectOfFailure(const CheckPass& pass, const CheckStep& step, bool e
 void checkMissingSection(CheckContext& context, const CheckPass& pass, const CheckStep& step,
                          const CheckAbsence& absence) {
     const EboKeyRow& status = step.section->rows[0];
-    if (status.missing == nullptr) {
+    if (missingMessage(status) == nullptr) {
         context.add(*absence.warning, absence.place, absence.text,
-                    pass.load + std::string(" goes on with an all-zero record of ") +
-                        quoted(step.section->name) + ", and says nothing",
+                    pass.load + " goes on with an all-zero record of " + quoted(step.section->name) +
+                        ", and says nothing",
                     absence.help);
         return;
     }
-    const std::string message = plainText(status.missing);
+    const std::string message = plainText(missingMessage(status));
     const bool fatal = step.required && pass.chosen;
     context.add(fatal ? *absence.error : *absence.warning, absence.place, absence.text,
                 effectOfFailure(pass, step, false, message), absence.help);

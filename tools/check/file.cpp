@@ -35,14 +35,14 @@ void checkMissingRoot(CheckContext& context, const CheckPass& pass, const CheckA
     const bool fatal = pass.chosen && pass.steps.front().required;
     std::string messages;
     for (const CheckStep& step : pass.steps) {
-        const std::string message = plainText(step.section->rows[0].missing);
+        const std::string message = plainText(missingMessage(step.section->rows[0]));
         context.logs(pass, message);
         messages += (messages.empty() ? "" : ", ") + message;
         if (step.required) break;
     }
     const char* effect = pass.steps.front().required ? " fails: " : " goes on without any record: ";
     context.add(fatal ? *absence.error : *absence.warning, absence.place, absence.text,
-                pass.load + std::string(effect) + messages, absence.help);
+                pass.load + effect + messages, absence.help);
     if (fatal) context.endLoad(CheckOutcome::Fails);
 }
 
@@ -69,7 +69,7 @@ void checkStep(CheckContext& context, const CheckPass& pass, const CheckStep& st
             context, pass, step,
             {&kMissingSection, &kSectionLeftOut, context.source.nameOf(root),
              "section " + quoted(name) + " is missing from " + quoted(pass.root),
-             !isReadWhenDisabled(*step.section)
+             step.section->whenDisabled != EboDisabled::IsRead
                  ? "add " + quoted(name) + ": { \"status\": \"disable\" }, or enable it"
                  : "add " + quoted(name) + " with all its keys; a disabled section needs them too"});
     }
@@ -105,12 +105,14 @@ void checkPass(CheckContext& context, const CheckPass& pass, CheckNames& roots) 
 
 }  // namespace
 
-CheckReport checkFile(const std::string& path, const std::string& part) {
+CheckReport checkFile(const std::string& path, Part part) {
     CheckReport report;
-    const std::vector<CheckPass> plan = checkPlan(part);
     report.file = path;
-    report.load = plan.front().load;
     CheckSource source(path);
+    const std::vector<CheckPass> plan = checkPlan(part, source.document());
+    for (const CheckPass& pass : plan) {
+        if (pass.chosen) report.load += (report.load.empty() ? "" : ", ") + pass.load;
+    }
     CheckContext context = {source, report};
     if (source.error().reason != nullptr) {
         checkSyntax(context);

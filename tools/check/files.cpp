@@ -5,8 +5,8 @@
 
 #include "check/file.h"
 
-std::vector<CheckReport> checkFiles(const std::vector<std::string>& paths, const std::string& part,
-                                    unsigned threads, void (*progress)(size_t done, size_t all)) {
+std::vector<CheckReport> checkFiles(const std::vector<std::string>& paths, Part part, unsigned threads,
+                                    void (*progress)(size_t done, size_t all)) {
     std::vector<CheckReport> reports(paths.size());
     std::atomic<size_t> next{0};
     std::mutex telling;

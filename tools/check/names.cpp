@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/places.h"
 #include "text/words.h"
 
 namespace {
@@ -36,14 +37,15 @@ std::string homeOf(const CheckSource& source, std::string_view name, std::string
     if (what == "root object") return homeOfSection(source, name);
     if (holds(rootNames(), name)) return quoted(name) + " is a root object: move it to the top level";
     std::string homes;
-    for (const EboLoadStep& step : kEboLoadOrder) {
-        const EboSection& section = *step.section;
+    const EboLoad& whole = *rootLoads().front();
+    for (size_t i = 0; i < whole.sectionCount; ++i) {
+        const EboSection& section = *whole.sections[i];
         if (name == section.name) {
             return quoted(name) + (what == "key" ? " is a section: move it out of this one"
-                                                 : " is a section of " + quoted(kCaptureRoot));
+                                                 : " is a section of " + quoted(whole.root));
         }
-        for (uint16_t i = 1; i < section.rowCount; ++i) {
-            if (name == section.rows[i].key) homes += (homes.empty() ? "" : ", ") + quoted(section.name);
+        for (const EboKeyRow* row : keysOf(section)) {
+            if (name == row->key) homes += (homes.empty() ? "" : ", ") + quoted(section.name);
         }
     }
     return homes.empty() ? homes : quoted(name) + " is a key of " + homes;

@@ -1,8 +1,9 @@
 #include "check/rules.h"
 
 #include <algorithm>
-#include <iterator>
+#include <string_view>
 
+#include "model/places.h"
 #include "text/words.h"
 
 namespace {
@@ -61,12 +62,14 @@ void checkWakeup(const RuleSubject& subject) {
         "keeps the mode, and logs: " + message, "write 1 (oneshot only), 2 (wakeup + command) or 3 (both)");
 }
 
-void checkGsc(const RuleSubject& subject) {
-    if (subject.enabled || integerOf(subject, "method") != 1) return;
-    subject.context.add(kGscMethodAlone, placeOf(subject, "method"),
-                        "\"method\" is 1 while \"gsc\" is not enabled",
-                        "sets the bit of method 1 all the same, and a dump prints its \"gsc:\" block",
-                        "enable \"gsc\", or write another method, such as 0");
+void checkMaskBit(const RuleSubject& subject, const EboKeyRow& row) {
+    if (subject.enabled || integerOf(subject, row.key) != 1) return;
+    const std::string section = subject.section.name;
+    subject.context.add(kGscMethodAlone, placeOf(subject, row.key),
+                        quoted(row.key) + " is 1 while " + quoted(section) + " is not enabled",
+                        std::string("sets the bit of ") + row.key +
+                            " 1 all the same, and a dump prints its " + quoted(section + ":") + " block",
+                        "enable " + quoted(section) + ", or write another " + row.key + ", such as 0");
 }
 
 void checkModel(const RuleSubject& subject) {
@@ -80,20 +83,23 @@ void checkModel(const RuleSubject& subject) {
 
 const std::vector<OrderRule>& orderRules() {
     static const std::vector<OrderRule> rules = {
-        {&kEboDelaySection, "StartFreq", "EndFreq"}, {&kEboDtdSection, "ksiThd_low", "ksiThd_high"},
-        {&kEboDoaSection, "start_freq", "end_freq"}, {&kEboAnrSection, "psiMin", "psiMax"},
-        {&kEboAnrSection, "Sup_Freq1", "Sup_Freq2"}, {&kEboAnrSection, "SabsGammaThr0", "SabsGammaThr1"},
-        {&kEboAesSection, "low_freq", "high_freq"},  {&kEboAgcSection, "fRth0", "fRth1"},
-        {&kEboAgcSection, "fRth1", "fRth2"},
+        {"delay", "StartFreq", "EndFreq"}, {"dtd", "ksiThd_low", "ksiThd_high"},
+        {"doa", "start_freq", "end_freq"}, {"anr", "psiMin", "psiMax"},
+        {"anr", "Sup_Freq1", "Sup_Freq2"}, {"anr", "SabsGammaThr0", "SabsGammaThr1"},
+        {"aes", "low_freq", "high_freq"},  {"agc", "fRth0", "fRth1"},
+        {"agc", "fRth1", "fRth2"},
     };
     return rules;
 }
 
 void checkRules(const RuleSubject& subject) {
     for (const OrderRule& rule : orderRules()) {
-        if (rule.section == &subject.section) checkOrder(subject, rule);
+        if (rule.section == std::string_view(subject.section.name)) checkOrder(subject, rule);
     }
-    if (&subject.section == &kEboWakeupSection) checkWakeup(subject);
-    if (&subject.section == &kEboGscSection) checkGsc(subject);
-    if (&subject.section == &kEboAinrSection) checkModel(subject);
+    const EboSection& section = subject.section;
+    if (section.whenDisabled == EboDisabled::GoesByMask) checkWakeup(subject);
+    if (section.whenDisabled == EboDisabled::LeavesZeros) checkModel(subject);
+    for (const EboKeyRow* row : keysOf(section)) {
+        if (row->kind == EboKeyKind::MaskBit) checkMaskBit(subject, *row);
+    }
 }

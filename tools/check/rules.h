@@ -9,7 +9,7 @@
 
 // Two keys of a section of which the first is meant to be the lower.
 struct OrderRule {
-    const EboSection* section;
+    const char* section;
     const char* low;
     const char* high;
 };

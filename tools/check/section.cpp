@@ -15,7 +15,8 @@ namespace {
 
 std::vector<std::string> keyNames(const EboSection& section) {
     std::vector<std::string> names;
-    for (uint16_t i = 0; i < section.rowCount; ++i) names.emplace_back(section.rows[i].key);
+    names.emplace_back(section.rows[0].key);
+    for (const EboKeyRow* row : keysOf(section)) names.emplace_back(row->key);
     return names;
 }
 
@@ -35,18 +36,17 @@ public:
 
     void run() {
         checkStatus();
-        if (enabled_ || isReadWhenDisabled(section_)) {
-            for (uint16_t i = 1; i < section_.rowCount; ++i) checkKey(section_.rows[i]);
+        if (enabled_ || section_.whenDisabled == EboDisabled::IsRead) {
+            for (const EboKeyRow* row : keysOf(section_)) checkKey(*row);
             checkRules({context_, pass_, section_, names_, keys_, enabled_});
         } else {
             checkUnread();
         }
         for (const EboKeyRow* field : fieldsWithoutKey(section_)) {
             if (const KaJsonItem* item = names_.last(field->key)) {
-                context_.add(kNeverRead, context_.source.nameOf(*item),
-                             "nothing reads the key " + quoted(field->key),
-                             std::string("whatever the file says, the record holds ") + loadedValueOf(*field),
-                             "remove it");
+                context_.add(
+                    kNeverRead, context_.source.nameOf(*item), "nothing reads the key " + quoted(field->key),
+                    std::string("whatever the file says, the record holds ") + field->text, "remove it");
                 names_.told(*item);
             }
         }
@@ -65,7 +65,7 @@ private:
         if (enabled_ || util_strcasecmp(status, "disable") == 0) return;
         context_.add(kStatusWord, valueOf(row),
                      "status " + quoted(status) + " is neither \"enable\" nor \"disable\"",
-                     pass_.root == kGainRoot
+                     pass_.how->maskless != 0
                          ? "reads the section all the same: a load of gain control keeps no mask"
                          : "takes " + quoted(section_.name) + " as disabled: nothing but \"enable\" enables",
                      "write \"enable\" or \"disable\"");
@@ -79,6 +79,7 @@ private:
             case EboKeyKind::Int32:
             case EboKeyKind::Int16:
             case EboKeyKind::Flag:
+            case EboKeyKind::MaskBit:
                 keys_.findInt32(row.key, &whole) ? checkInteger(row, whole) : notFound(row);
                 break;
             case EboKeyKind::Float:
@@ -115,7 +116,7 @@ private:
         if (row.kind == EboKeyKind::Word) return;
         for (const RowFinding& found : checkRow(section_, row, text, record_.data())) {
             context_.add(*found.code, valueOf(row), found.text, found.device, found.help);
-            if (found.code == &kMapAborts) ends("Assertion chns <= 16 failed", CheckOutcome::Aborts);
+            if (found.code == &kMapAborts) ends(kMapAssertion, CheckOutcome::Aborts);
         }
     }
 
@@ -123,7 +124,7 @@ private:
     void notFound(const EboKeyRow& row) {
         const KaJsonItem* item = names_.last(row.key);
         if (item == nullptr) {
-            if (row.missing != nullptr) missing(row);
+            if (missingMessage(row) != nullptr) missing(row);
             return;
         }
         const bool big = isIntegerBeyond32Bits(row, *item);
@@ -133,10 +134,10 @@ private:
         const CheckPlace place = context_.source.valueOf(*item);
         const std::string help = big ? "write an integer from -2147483648 to 2147483647"
                                      : howToMend(row, *item, context_.source.insideArray(*item));
-        if (row.missing == nullptr) {
+        if (missingMessage(row) == nullptr) {
             context_.add(big ? kBeyond32LeftOut : kWrongTypeLeftOut, place, text,
                          std::string("takes the key as missing, which is allowed") +
-                             (section_.review == nullptr ? ", and says nothing" : ""),
+                             (section_.whenDisabled != EboDisabled::GoesByMask ? ", and says nothing" : ""),
                          help);
         } else if (big) {
             fails(row, kBeyond32Bits, kBeyond32LeftOut, place, text, help);
@@ -161,7 +162,7 @@ private:
 
     void fails(const EboKeyRow& row, const CheckCode& error, const CheckCode& warning,
                const CheckPlace& place, const std::string& text, const std::string& help) {
-        const std::string message = plainText(row.missing);
+        const std::string message = plainText(missingMessage(row));
         const bool fatal = step_.required && pass_.chosen;
         context_.add(fatal ? error : warning, place, text, effectOfFailure(pass_, step_, enabled_, message),
                      help);
@@ -177,15 +178,14 @@ private:
 
     void checkUnread() {
         size_t count = 0;
-        for (uint16_t i = 1; i < section_.rowCount; ++i) {
-            const KaJsonItem* item = names_.last(section_.rows[i].key);
+        for (const EboKeyRow* row : keysOf(section_)) {
+            const KaJsonItem* item = names_.last(row->key);
             // An empty word says what is stored anyway.
-            if (item != nullptr && !(section_.rows[i].kind == EboKeyKind::Word && item->value_length == 0))
-                ++count;
+            if (item != nullptr && !(row->kind == EboKeyKind::Word && item->value_length == 0)) ++count;
         }
         const CheckPlace place = context_.source.nameOf(item_);
         const bool disabled = names_.last(section_.rows[0].key) != nullptr;
-        if (count == 0 || (ended_ && section_.rows[0].missing != nullptr)) return;
+        if (count == 0 || (ended_ && missingMessage(section_.rows[0]) != nullptr)) return;
         context_.add(
             kDisabledSettings, place,
             countOf(count, "setting") + " of " + quoted(section_.name) + (count == 1 ? " has" : " have") +

@@ -13,6 +13,7 @@ class CheckSource {
 public:
     explicit CheckSource(const std::string& path);
 
+    const KAJsonParser& document() const { return parser_; }
     // Why the file is no document; `reason` is null when it is one.
     const KaJsonError& error() const { return error_; }
 

@@ -8,7 +8,8 @@
 namespace {
 
 bool isInteger(const EboKeyRow& row) {
-    return row.kind == EboKeyKind::Int32 || row.kind == EboKeyKind::Int16 || row.kind == EboKeyKind::Flag;
+    return row.kind == EboKeyKind::Int32 || row.kind == EboKeyKind::Int16 || row.kind == EboKeyKind::Flag ||
+           row.kind == EboKeyKind::MaskBit;
 }
 
 bool isText(const EboKeyRow& row) {
@@ -110,6 +111,7 @@ std::string placeholder(const EboKeyRow& row) {
         case EboKeyKind::Int16:
             return "an integer from -32768 to 32767";
         case EboKeyKind::Int32:
+        case EboKeyKind::MaskBit:
             return "an integer";
         case EboKeyKind::Float:
             return "a number";

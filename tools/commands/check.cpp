@@ -12,12 +12,13 @@
 #include "check/plan.h"
 #include "check/report.h"
 #include "commands/commands.h"
+#include "commands/part_option.h"
 #include "text/terminal.h"
 
 namespace {
 
 struct CheckOptions {
-    std::string part = "full";
+    Part part = nullptr;
     std::string format = "text";
     bool strict = false;
     std::vector<std::string> files;
@@ -62,9 +63,7 @@ void addCheckCommand(CLI::App& app, ExitStatus& status) {
     CLI::App* command = app.add_subcommand(
         "check", "Finds all faults of tuning files at once, and says what a device will do");
     auto options = std::make_shared<CheckOptions>();
-    command->add_option("--part", options->part, "Loader that will read the files")
-        ->check(CLI::IsMember(checkParts()))
-        ->capture_default_str();
+    addPartOption(*command, options->part);
     command->add_flag("--strict", options->strict, "Takes warnings for problems");
     command->add_option("--format", options->format, "Form of the report")
         ->check(CLI::IsMember({"text", "json", "sarif"}))

@@ -8,18 +8,19 @@
 #include "model/differences.h"
 #include "report/json_writer.h"
 #include "text/terminal.h"
+#include "text/words.h"
 
 namespace {
 
 struct DiffOptions {
-    Part part = Part::File;
+    Part part = nullptr;
     std::string format = "text";
     std::string from;
     std::string to;
 };
 
 std::string shown(Style style, const Value& value) {
-    return styled(style, value.kind == Value::Word ? quoted(value.text) : value.text);
+    return styled(style, value.kind == Value::Word ? ::quoted(value.text) : value.text);
 }
 
 void printList(const std::vector<Difference>& list, size_t width) {

@@ -1,69 +1,54 @@
 // eboconf dump: loads a file the way a host does and prints the records.
+#include <ka/framework.h>
+
 #include <algorithm>
 #include <cstdio>
-#include <map>
 #include <memory>
 #include <string>
 
 #include "commands/commands.h"
+#include "commands/part_option.h"
 #include "model/dump_lines.h"
 #include "model/records.h"
 #include "model/spool.h"
-#include "model/tuning.h"
 
 namespace {
 
 struct DumpOptions {
-    std::string part = "full";
+    Part part = nullptr;
     bool verbose = false;
     std::string file;
     std::string path;  // what to open in its place
 };
 
-void tell(const DumpOptions& options, const char* what, const char* root) {
-    if (options.verbose) {
-        std::fprintf(stderr, "eboconf: %s: loaded from \"%s\" of %s\n", what, root, options.file.c_str());
-    }
-}
+using Dump = bool (*)(const DumpOptions& options);
 
-bool refuse(const DumpOptions& options, const char* what) {
-    std::fprintf(stderr, "eboconf: %s: the %s does not load\n", options.file.c_str(), what);
-    return false;
-}
-
-bool dumpAec(const DumpOptions& options) {
-    const AecRecord aec(parseEboAecConfigs(options.path.c_str()));
-    if (!aec) return refuse(options, "echo canceller");
-    tell(options, "echo canceller", "ebo_configs");
-    printLines(dumpLines([&] { dumpEboAecConfig(aec.get()); }));
+template <auto Parse, auto Print, typename Owner>
+bool dumpRecord(const DumpOptions& options) {
+    const Owner record(Parse(options.path.c_str()));
+    if (!record) return false;
+    printLines(dumpLines([&] { Print(*record); }));
     return true;
 }
 
-bool dumpBeamForm(const DumpOptions& options) {
-    const BeamFormRecord bf(parseEboBeamFormConfigs(options.path.c_str()));
-    if (!bf) return refuse(options, "beamformer");
-    tell(options, "beamformer", "ebo_configs");
-    printLines(dumpLines([&] { dumpEboBeamFormConfig(bf.get()); }));
-    return true;
+void printCapture(KAEboParam& ebo) {
+    dumpEboAecConfig(ebo.aec);
+    dumpEboBeamFormConfig(ebo.bf);
+}
+void printAec(EboAecParam& aec) {
+    dumpEboAecConfig(&aec);
+}
+void printBeamForm(EboBeamFormParam& bf) {
+    dumpEboBeamFormConfig(&bf);
+}
+void printPlayback(KAEboParam& ebo) {
+    dumpEboAoConfig(ebo.rx);
 }
 
-// The loader itself takes a playback path of which nothing could be read; at the desk that is a file without
-// one.
-bool dumpAo(const DumpOptions& options) {
-    const PlaybackRoot ebo(parseEboAoConfigs(options.path.c_str()));
-    if (!ebo || (ebo->rx->anr == nullptr && ebo->rx->howl == nullptr)) {
-        return refuse(options, "playback path");
-    }
-    tell(options, "playback", "ebo_ao_configs");
-    printLines(dumpLines([&] { dumpEboAoConfig(ebo->rx); }));
-    return true;
-}
-
-// Gain control has no dump of its own: its record is hung in an otherwise empty beamformer.
+// Gain control has no dump of its own, so no device logs this: its record is hung in an otherwise empty beamformer.
 bool dumpAgc(const DumpOptions& options) {
     const AgcRecord agc(parseEboAgcConfigsFile(options.path.c_str()));
-    if (!agc) return refuse(options, "gain control");
-    tell(options, "gain control", "ebo_agc_configs");
+    if (!agc) return false;
     EboBeamFormParam bf = {};
     bf.model_en = EBO_BF_AGC;
     bf.agc = agc.get();
@@ -72,23 +57,43 @@ bool dumpAgc(const DumpOptions& options) {
     return true;
 }
 
-bool dumpFull(const DumpOptions& options) {
-    const CaptureRoot ebo(parseEboConfigs(options.path.c_str()));
-    if (!ebo) return refuse(options, "capture path");
-    tell(options, "echo canceller", "ebo_configs");
-    tell(options, "beamformer", "ebo_configs");
-    printLines(dumpLines([&] {
-        dumpEboAecConfig(ebo->aec);
-        dumpEboBeamFormConfig(ebo->bf);
-    }));
-    KAJsonParser document;
-    document.parseFile(options.path.c_str());
-    return !hasRoot(document, kPlaybackRoot) || dumpAo(options);
+// In the order of kEboLoads. The reader of a section bears the name of a loader too.
+using AecLoader = EboAecParam* (*)(const char*);
+const Dump kDumps[kEboLoadCount] = {
+    dumpRecord<parseEboConfigs, printCapture, CaptureRoot>,
+    dumpRecord<static_cast<AecLoader>(parseEboAecConfigs), printAec, AecRecord>,
+    dumpRecord<parseEboBeamFormConfigs, printBeamForm, BeamFormRecord>,
+    dumpRecord<parseEboAoConfigs, printPlayback, PlaybackRoot>,
+    dumpAgc,
+};
+
+bool dumpLoad(const DumpOptions& options, const EboLoad& load) {
+    const char* const name = componentOf(load);
+    if (!kDumps[&load - kEboLoads](options)) {
+        std::fprintf(stderr, "eboconf: %s: the %s does not load\n", options.file.c_str(), name);
+        return false;
+    }
+    if (options.verbose)
+        std::fprintf(stderr, "eboconf: %s: loaded from \"%s\" of %s\n", name, load.root,
+                     options.file.c_str());
+    return true;
 }
 
-const std::map<std::string, bool (*)(const DumpOptions&)> kParts = {
-    {"full", dumpFull}, {"aec", dumpAec}, {"beamform", dumpBeamForm}, {"ao", dumpAo}, {"agc", dumpAgc},
-};
+// What no device logs is left out, unless there is nothing else or it was asked for.
+std::vector<const EboLoad*> loggedLoads(const DumpOptions& options) {
+    KAJsonParser document;
+    if (options.part == nullptr && document.parseFile(options.path.c_str()) == 0) return {};
+    std::vector<const EboLoad*> loads = loadsOf(options.part, document);
+    if (loads.size() > 1 && loads.back() == &kEboLoads[kEboAgcLoad]) loads.pop_back();
+    return loads;
+}
+
+ExitStatus dump(const DumpOptions& options) {
+    const std::vector<const EboLoad*> loads = loggedLoads(options);
+    const bool all = std::all_of(loads.begin(), loads.end(),
+                                 [&options](const EboLoad* load) { return dumpLoad(options, *load); });
+    return !loads.empty() && all ? kLoaded : kNotLoaded;
+}
 
 }  // namespace
 
@@ -96,16 +101,12 @@ void addDumpCommand(CLI::App& app, ExitStatus& status) {
     CLI::App* command =
         app.add_subcommand("dump", "Loads a file and prints the records, as a device logs them");
     auto options = std::make_shared<DumpOptions>();
-    command
-        ->add_option("--part", options->part,
-                     "Loader to use; full: the whole capture path, and the playback path if the file has one")
-        ->check(CLI::IsMember(&kParts))
-        ->capture_default_str();
+    addPartOption(*command, options->part);
     command->add_flag("--verbose", options->verbose, "Tells on standard error what was loaded from where");
     command->add_option("FILE", options->file, "Tuning file; - is standard input")->required();
     command->callback([options, &status] {
         const SpooledFile spooled(options->file);
         options->path = spooled.path();
-        status = kParts.at(options->part)(*options) ? kLoaded : kNotLoaded;
+        status = dump(*options);
     });
 }

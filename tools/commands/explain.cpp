@@ -8,29 +8,24 @@
 #include "model/modules.h"
 #include "report/json_writer.h"
 #include "text/terminal.h"
+#include "text/words.h"
 
 namespace {
 
 struct ExplainOptions {
-    Part part = Part::File;
+    Part part = nullptr;
     std::string file;
 };
 
-std::string hex(const char* name, int32_t mask) {
-    char text[64];
-    std::snprintf(text, sizeof(text), "  %s 0x%x", name, static_cast<unsigned int>(mask));
-    return text;
-}
-
 // Every mask under a root, once.
-std::string masksOf(const char* root, const Tuning& tuning) {
+std::string masksOf(const EboLoad& load, const Tuning& tuning) {
     std::string text;
     for (const SectionPlace& place : sectionPlaces()) {
         const int32_t* mask = place.maskOf(tuning);
-        if (place.root != root || mask == nullptr || root == kGainRoot) continue;
+        if (place.load != &load || mask == nullptr || load.maskless != 0) continue;
         const bool lone = tuning.capture && (tuning.capture->aec == nullptr || tuning.capture->bf == nullptr);
         if (lone && mask == &tuning.capture->model_en) continue;  // who loads one component gets no root
-        const std::string shown = hex(place.mask, *mask);
+        const std::string shown = "  " + place.mask + " " + hexText(*mask);
         if (text.find(shown) == std::string::npos) text += shown;
     }
     return text;
@@ -40,16 +35,13 @@ std::string masksOf(const char* root, const Tuning& tuning) {
 std::string askedText(const std::string& asked) {
     constexpr size_t kWidth = 10;
     const bool plain = std::all_of(asked.begin(), asked.end(), [](char c) { return c > ' ' && c < 0x7f; });
-    const std::string text = plain && !asked.empty() ? asked : quoted(asked);
+    const std::string text = plain && !asked.empty() ? asked : ::quoted(asked);
     return text.size() <= kWidth ? text : text.substr(0, kWidth - 3) + "...";
 }
 
 std::string bitText(const ModuleRow& row) {
-    if (row.place->root == kGainRoot) return "none";
-    char text[32];
-    std::snprintf(text, sizeof(text), "0x%x %s", static_cast<unsigned int>(row.place->bit),
-                  row.enabled ? "set" : "clear");
-    return text;
+    if (row.place->load->maskless != 0) return "none";
+    return hexText(row.place->bit) + (row.enabled ? " set" : " clear");
 }
 
 std::string linesText(const ModuleRow& row) {
@@ -59,13 +51,13 @@ std::string linesText(const ModuleRow& row) {
 
 void printRow(const ModuleRow& row) {
     const std::string module = padded(row.place->section->name, 8);
-    const bool effective = row.enabled && row.place->root != kGainRoot;
-    const bool lost =
-        row.place->record != nullptr && !row.recorded && row.place->section != &kEboDelaySection;
+    const bool masked = row.place->load->maskless == 0;
+    const bool effective = row.enabled && masked;
+    const bool lost = !row.place->record.empty() && !row.recorded && !row.place->leavesNoRecordWhenDisabled();
     std::string result = effective ? "enabled" : "disabled";
     if (lost) result = "missing";
-    if (row.place->root == kGainRoot) result = "loaded";
-    const std::string record = row.place->record == nullptr ? "-" : row.recorded ? row.place->record : "none";
+    if (!masked) result = "loaded";
+    const std::string record = row.place->record.empty() ? "-" : row.recorded ? row.place->record : "none";
     std::printf("%s  %s  %s  %s  %s  %s\n", styled(Style::Bold, module).c_str(),
                 padded(askedText(row.asked), 10).c_str(),
                 styled(effective ? Style::Green : Style::Faint, padded(result, 9)).c_str(),
@@ -79,14 +71,14 @@ ExitStatus run(const ExplainOptions& options) {
         std::fprintf(stderr, "eboconf: %s\n", whyNotLoaded(load, options.file).c_str());
         return kNotLoaded;
     }
-    const char* root = nullptr;
+    const EboLoad* shown = nullptr;
     for (const ModuleRow& row : moduleRows(load)) {
-        if (row.place->root != root) {
-            if (root != nullptr) std::putchar('\n');
-            root = row.place->root;
-            std::printf("%s%s\n%-8s  %-10s  %-9s  %-13s  %-16s  %s\n", styled(Style::Bold, root).c_str(),
-                        masksOf(root, load.tuning).c_str(), "MODULE", "ASKED", "EFFECTIVE", "BIT", "RECORD",
-                        "DUMP");
+        if (row.place->load != shown) {
+            if (shown != nullptr) std::putchar('\n');
+            shown = row.place->load;
+            std::printf("%s%s\n%-8s  %-10s  %-9s  %-13s  %-16s  %s\n",
+                        styled(Style::Bold, shown->root).c_str(), masksOf(*shown, load.tuning).c_str(),
+                        "MODULE", "ASKED", "EFFECTIVE", "BIT", "RECORD", "DUMP");
         }
         printRow(row);
     }

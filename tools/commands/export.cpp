@@ -10,7 +10,7 @@
 namespace {
 
 struct ExportOptions {
-    Part part = Part::File;
+    Part part = nullptr;
     bool defaults = false;
     std::string file;
 };

@@ -20,9 +20,10 @@ struct KeysOptions {
 
 std::string everySection() {
     std::string text;
-    for (const EboLoadStep& step : kEboLoadOrder) {
+    for (const SectionPlace& place : sectionPlaces()) {
+        if (place.load != rootLoads().front()) continue;
         if (!text.empty()) text += "\n";
-        text += sectionReference(*placesOf(*step.section).front(), columns());
+        text += sectionReference(place, columns());
     }
     return text;
 }

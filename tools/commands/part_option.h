@@ -5,5 +5,5 @@
 
 #include "model/tuning.h"
 
-// Stores the choice in `part`, which must outlive the parsing.
+// auto, or the name of a load. Stores the choice in `part`, which must outlive the parsing.
 CLI::Option* addPartOption(CLI::App& command, Part& part);

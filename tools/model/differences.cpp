@@ -18,7 +18,7 @@ public:
 
     void compare() {
         const bool enabled = isEnabled(place_, from_);
-        const bool masked = place_.root != kGainRoot;
+        const bool masked = place_.load->maskless == 0;
         if (masked && enabled != isEnabled(place_, to_))
             add(out_.switches, "", onOff(enabled), onOff(!enabled));
         const void* from = place_.recordOf(from_);
@@ -26,10 +26,12 @@ public:
         if (from != nullptr && to != nullptr) {
             for (const EboKeyRow* row : keysOf(*place_.section)) compareKey(from, to, *row);
             for (const EboKeyRow* row : fieldsWithoutKey(*place_.section)) compareKey(from, to, *row);
-        } else if (from != to && place_.section != &kEboDelaySection) {  // whose bit says the same
+        } else if (from != to && !place_.leavesNoRecordWhenDisabled()) {  // else its bit says the same
             add(out_.switches, "", isRecord(from), isRecord(to));
-        } else if (place_.section == &kEboGscSection) {
-            compareMethod();
+        } else if (from == to) {
+            for (const EboKeyRow* row : keysOf(*place_.section)) {
+                if (row->kind == EboKeyKind::MaskBit) compareMaskBit(*row);
+            }
         }
     }
 
@@ -88,15 +90,15 @@ private:
     }
 
     // Only whether it is 1 is loaded.
-    void compareMethod() {
-        const auto isOne = [this](const Tuning& tuning) {
-            return (*place_.maskOf(tuning) & EBO_BF_GSC_METHOD) != 0;
+    void compareMaskBit(const EboKeyRow& row) {
+        const auto isOne = [this, &row](const Tuning& tuning) {
+            return (*place_.maskOf(tuning) & bitOf(row)) != 0;
         };
         if (isOne(from_) == isOne(to_)) return;
         const auto valueOf = [](bool one) {
             return one ? Value{Value::Number, "1"} : Value{Value::Note, "not 1"};
         };
-        addValue(*keysOf(*place_.section).front(), "", valueOf(isOne(from_)), valueOf(isOne(to_)));
+        addValue(row, "", valueOf(isOne(from_)), valueOf(isOne(to_)));
     }
 
     const SectionPlace& place_;
@@ -105,20 +107,20 @@ private:
     Differences& out_;
 };
 
-void comparePart(const char* root, bool from, bool to, Differences& out) {
+void comparePart(const EboLoad& load, bool from, bool to, Differences& out) {
     const auto valueOf = [](bool there) { return there ? Value{Value::Note, "loaded"} : kNone; };
-    if (from != to) out.switches.push_back({root, valueOf(from), valueOf(to)});
+    if (from != to) out.switches.push_back({load.root, valueOf(from), valueOf(to)});
 }
 
 }  // namespace
 
 Differences differencesOf(const Tuning& from, const Tuning& to) {
     Differences out;
-    comparePart(kCaptureRoot, from.capture != nullptr, to.capture != nullptr, out);
-    comparePart(kPlaybackRoot, from.playback != nullptr, to.playback != nullptr, out);
-    comparePart(kGainRoot, from.gain != nullptr, to.gain != nullptr, out);
+    comparePart(kEboLoads[kEboFullLoad], from.capture != nullptr, to.capture != nullptr, out);
+    comparePart(kEboLoads[kEboAoLoad], from.playback != nullptr, to.playback != nullptr, out);
+    comparePart(kEboLoads[kEboAgcLoad], from.gain != nullptr, to.gain != nullptr, out);
     for (const SectionPlace& place : sectionPlaces()) {
-        const bool both = place.root == kGainRoot
+        const bool both = place.load->maskless != 0
                               ? from.gain && to.gain
                               : place.maskOf(from) != nullptr && place.maskOf(to) != nullptr;
         if (both) SectionPair(place, from, to, out).compare();

@@ -26,5 +26,3 @@ std::vector<KeyFacts> factsOf(const SectionPlace& place);
 
 // "bit 0x20 of bf.model_en", or "no bit".
 std::string bitText(const SectionPlace& place);
-// All places of one section: "anr" stands under two roots.
-std::vector<const SectionPlace*> placesOf(const EboSection& section);

@@ -34,15 +34,25 @@ DumpLines linesOfBit(const Container* container, int32_t bit) {
 DumpLines linesOfSection(const SectionPlace& place, const Tuning& tuning) {
     constexpr auto kAecMask = &EboAecParam::model_aec_en;
     constexpr auto kBfMask = &EboBeamFormParam::model_en;
-    if (place.root == kGainRoot) return {};
-    if (place.root == kPlaybackRoot) {
+    if (place.load->maskless != 0) return {};
+    if (place.load->playback != 0) {
         return linesOfBit<&EboRxParam::model_en, dumpEboAoConfig>(tuning.playback->rx, place.bit);
     }
     const KAEboParam& ebo = *tuning.capture;
-    if (place.section == &kEboAecSection) return linesWith<kAecMask, dumpEboAecConfig>(ebo.aec, 0);
-    if (place.section == &kEboDelaySection) return linesOfBit<kAecMask, dumpEboAecConfig>(ebo.aec, place.bit);
-    if (place.section == &kEboBfSection) return linesWith<kBfMask, dumpEboBeamFormConfig>(ebo.bf, 0);
-    // The method heads the block, and not the status.
-    const int32_t bit = place.section == &kEboGscSection ? int32_t{EBO_BF_GSC_METHOD} : place.bit;
+    switch (place.section->container) {
+        case EboContainer::Root:
+            return place.section->slot == offsetof(KAEboParam, aec)
+                       ? linesWith<kAecMask, dumpEboAecConfig>(ebo.aec, 0)
+                       : linesWith<kBfMask, dumpEboBeamFormConfig>(ebo.bf, 0);
+        case EboContainer::EchoCanceller:
+            return linesOfBit<kAecMask, dumpEboAecConfig>(ebo.aec, place.bit);
+        default:
+            break;
+    }
+    // A bit of a key's own heads the block, and not the status.
+    int32_t bit = place.bit;
+    for (const EboKeyRow* row : keysOf(*place.section)) {
+        if (row->kind == EboKeyKind::MaskBit) bit = bitOf(*row);
+    }
     return linesOfBit<kBfMask, dumpEboBeamFormConfig>(ebo.bf, bit);
 }

@@ -1,10 +1,11 @@
 #include "model/modules.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "model/facts.h"
 #include "model/module_dump.h"
-#include "report/json_writer.h"
+#include "text/words.h"
 
 namespace {
 
@@ -24,18 +25,19 @@ public:
         const char* status = nullptr;
         row_.asked = keys_.findCString("status", &status) ? status : "-";
         explainStatus(status);
-        if (is(kEboAecSection)) explainAec();
-        if (is(kEboDelaySection)) explainDelay();
-        if (is(kEboGscSection)) explainGsc();
-        if (is(kEboAgcSection)) explainAgc();
-        if (is(kEboWakeupSection)) explainWakeup();
-        if (is(kEboAinrSection)) explainAinr();
+        for (const EboKeyRow* key : keysOf(*place_.section)) {
+            if (key->kind == EboKeyKind::ChannelMap) explainMap(*key);
+            if (key->kind == EboKeyKind::MaskBit) explainMaskBit(*key);
+        }
+        if (place_.leavesNoRecordWhenDisabled()) explainNoRecord();
+        explainFixedFields();
+        if (place_.section->whenDisabled == EboDisabled::GoesByMask) explainKeysByMask();
+        if (place_.section->whenDisabled == EboDisabled::LeavesZeros) explainWords();
         explainDump();
         return std::move(row_);
     }
 
 private:
-    bool is(const EboSection& section) const { return place_.section == &section; }
     void say(const std::string& sentence) { row_.why.push_back(sentence); }
 
     // The message about the first of the section's keys that was missing; empty when none was.
@@ -43,37 +45,37 @@ private:
         for (const LogMessage& message : load_.messages) {
             for (size_t i = 0; i < place_.section->rowCount; ++i) {
                 const EboKeyRow& row = place_.section->rows[i];
-                if (row.missing != nullptr && message.line == row.line && message.format == row.missing) {
+                const char* missing = missingMessage(row);
+                if (missing != nullptr && message.line == row.line && message.format == missing)
                     return message.text;
-                }
             }
         }
         return "";
     }
 
     void explainStatus(const char* status) {
-        const bool missing = place_.record != nullptr && !row_.recorded;
-        if (missing && !is(kEboDelaySection)) {
+        const bool missing = !place_.record.empty() && !row_.recorded;
+        if (missing && !place_.leavesNoRecordWhenDisabled()) {
             say("not loaded: " + complaint() + "; its slot stays null");
             return;
         }
-        if (place_.record == nullptr && !complaint().empty()) {
+        if (place_.record.empty() && !complaint().empty()) {
             say("not loaded: " + complaint());
             return;
         }
-        if (row_.enabled || status == nullptr || place_.root == kGainRoot) return;
-        if (util_strcasecmp(status, "disable") != 0 && !is(kEboDelaySection)) {
+        if (row_.enabled || status == nullptr || place_.load->maskless != 0) return;
+        if (util_strcasecmp(status, "disable") != 0 && !place_.leavesNoRecordWhenDisabled()) {
             say(quoted(status) + " is not \"enable\": disabled");
         }
-        if (place_.root != kCaptureRoot || !place_.required) return;
-        if (!place_.readWhenDisabled || place_.section->rowCount == 1) {
+        if (!place_.required) return;
+        if (!place_.readWhenDisabled() || place_.section->rowCount == 1) {
             say("still mandatory: without the section the whole load fails");
         } else {
             say("still mandatory: read in full, a missing key fails the whole load");
         }
     }
 
-    void explainAec() {
+    void explainMap(const EboKeyRow& row) {
         const EboAecParam& aec = *load_.tuning.capture->aec;
         if ((aec.model_aec_en & EBO_AEC_CHN_MAP) != 0) {
             say("channel map of " + std::to_string(load_.tuning.channels) +
@@ -81,13 +83,12 @@ private:
             return;
         }
         const char* map = nullptr;
-        const bool given = keys_.findCString("mic_chn_map", &map);
-        say(std::string("no channel map: ") +
-            (given ? "mic_chn_map asks for no channel" : "mic_chn_map is missing or no text") +
-            ", Array_list is null");
+        const bool given = keys_.findCString(row.key, &map);
+        say(std::string("no channel map: ") + row.key +
+            (given ? " asks for no channel" : " is missing or no text") + ", Array_list is null");
     }
 
-    void explainDelay() {
+    void explainNoRecord() {
         if (row_.recorded) {
             say("bit 0x1 of aec.model_aec_en is claimed because there is a record");
         } else if (!complaint().empty()) {
@@ -97,48 +98,61 @@ private:
         }
     }
 
-    // Status and method each have a bit of their own; the dump goes by the method alone.
-    void explainGsc() {
-        if (load_.tuning.capture->bf == nullptr) return;
-        const bool method = (load_.tuning.capture->bf->model_en & EBO_BF_GSC_METHOD) != 0;
-        const std::string bit = std::string("bit 0x100 is ") + (method ? "set" : "clear") + " and the dump ";
-        if (row_.enabled && method) say("method is 1: " + bit + "prints a gsc block");
-        if (row_.enabled && !method) say("method is not 1: " + bit + "prints no gsc block, enabled or not");
-        if (!row_.enabled && method)
-            say("method is 1: " + bit + "prints \"gsc: enabled\" although the module is disabled");
-        if (!row_.enabled && !method) say("method is not 1: bit 0x100 is clear");
+    // Status and key each have a bit of their own; the dump goes by the key alone.
+    void explainMaskBit(const EboKeyRow& row) {
+        const bool one = (*place_.maskOf(load_.tuning) & bitOf(row)) != 0;
+        const std::string name = place_.section->name;
+        const std::string is = std::string(row.key) + (one ? " is 1: " : " is not 1: ") + "bit " +
+                               hexText(bitOf(row)) + " is " + (one ? "set" : "clear");
+        if (row_.enabled && one) say(is + " and the dump prints a " + name + " block");
+        if (row_.enabled && !one) say(is + " and the dump prints no " + name + " block, enabled or not");
+        if (!row_.enabled && one)
+            say(is + " and the dump prints \"" + name + ": enabled\" although the module is disabled");
+        if (!row_.enabled && !one) say(is);
     }
 
-    void explainAgc() {
-        if (place_.root == kGainRoot)
+    void explainFixedFields() {
+        if (place_.load->maskless != 0)
             say("the status has no effect: who loads this part keeps no mask, and no dump prints it");
-        if (row_.recorded) say("sample_rate 16000 and frame_len 256 are fixed and never printed");
+        std::string fixed;
+        for (const EboKeyRow* field : fieldsWithoutKey(*place_.section)) {
+            if (std::strcmp(field->text, "0") == 0) continue;
+            fixed += (fixed.empty() ? "" : " and ") + std::string(field->key) + " " + field->text;
+        }
+        if (row_.recorded && !fixed.empty()) say(fixed + " are fixed and never printed");
     }
 
-    void explainWakeup() {
+    void explainKeysByMask() {
         if (!row_.enabled) {
             say("its keys are not read while bit 0x2 is clear: the record is all zero, wakeup_frames too");
             return;
         }
         say("its keys are read because bit 0x2 is set");
         for (const LogMessage& message : load_.messages) {
-            const bool complaint = message.error && message.function == "parseEboWakeupConfigs";
+            const bool complaint = message.error && message.function == place_.section->function;
             if (complaint && message.text.compare(0, 4, "    ") != 0)
                 say("the log complains: " + message.text);
         }
     }
 
-    void explainAinr() {
+    void explainWords() {
         if (!row_.recorded) return;
-        const char* path = nullptr;
-        const bool given = keys_.findCString("model_path", &path) && path[0] != '\0';
-        if (row_.enabled && !given) say("enabled without a model: the engine gets a null model_path");
-        if (!row_.enabled && given) say("model_path is not looked at while the module is disabled");
+        for (const EboKeyRow* key : keysOf(*place_.section)) {
+            const char* word = nullptr;
+            const bool given = keys_.findCString(key->key, &word) && word[0] != '\0';
+            if (row_.enabled && !given)
+                say(std::string("enabled without a model: the engine gets a null ") + key->key);
+            if (!row_.enabled && given)
+                say(std::string(key->key) + " is not looked at while the module is disabled");
+        }
     }
 
     void explainDump() {
-        if (place_.root == kGainRoot || is(kEboGscSection)) return;
-        const bool head = is(kEboAecSection) || is(kEboBfSection);
+        const KeyRows keys = keysOf(*place_.section);
+        const bool byKey = std::any_of(keys.begin(), keys.end(),
+                                       [](const EboKeyRow* key) { return key->kind == EboKeyKind::MaskBit; });
+        if (place_.load->maskless != 0 || byKey) return;
+        const bool head = place_.isContainer();
         if (head && !row_.enabled) say("the dump prints its lines whatever the status");
         if (head) return;
         const bool usual = row_.heading == std::string(place_.section->name) + ":";
@@ -158,9 +172,9 @@ private:
 std::vector<ModuleRow> moduleRows(const Load& load) {
     std::vector<ModuleRow> rows;
     for (const SectionPlace& place : sectionPlaces()) {
-        const bool container = place.section == &kEboAecSection || place.section == &kEboBfSection;
-        const bool there = container || place.root == kGainRoot ? place.recordOf(load.tuning) != nullptr
-                                                                : place.maskOf(load.tuning) != nullptr;
+        const bool there = place.isContainer() || place.load->maskless != 0
+                               ? place.recordOf(load.tuning) != nullptr
+                               : place.maskOf(load.tuning) != nullptr;
         if (there) rows.push_back(RowMaker(load, place).run());
     }
     return rows;

@@ -1,119 +1,114 @@
 #include "model/places.h"
 
+#include <algorithm>
 #include <cctype>
+#include <cstring>
 
 namespace {
 
-template <auto Slot>
-void* ofRoot(const Tuning& tuning) {
-    return tuning.capture ? tuning.capture.get()->*Slot : nullptr;
-}
-template <auto Slot>
-void* ofBeamformer(const Tuning& tuning) {
-    return tuning.capture && tuning.capture->bf != nullptr ? tuning.capture->bf->*Slot : nullptr;
-}
-template <auto Slot>
-void* ofPlayback(const Tuning& tuning) {
-    return tuning.playback ? tuning.playback->rx->*Slot : nullptr;
-}
-void* delayRecord(const Tuning& tuning) {
-    return tuning.capture && tuning.capture->aec != nullptr ? tuning.capture->aec->delay : nullptr;
-}
-void* gainRecord(const Tuning& tuning) {
-    return tuning.gain.get();
-}
-void* noRecord(const Tuning& /*tuning*/) {
-    return nullptr;
+// A reader's name is that of its record but for these two: "parseEboAgcConfigs" fills an EboAgcParam.
+std::string recordName(const EboSection& section) {
+    if (section.recordSize == 0) return "";
+    constexpr size_t kBefore = sizeof("parseEbo") - 1;
+    constexpr size_t kAfter = sizeof("Configs") - 1;
+    const std::string function = section.function;
+    std::string name = function.substr(kBefore, function.size() - kBefore - kAfter);
+    if (name == "Bf") name = "BeamForm";
+    if (name == "AINR") name = "AiNR";
+    return "Ebo" + name + "Param";
 }
 
-int32_t* rootMask(const Tuning& tuning) {
-    return tuning.capture ? &tuning.capture->model_en : nullptr;
-}
-int32_t* aecMask(const Tuning& tuning) {
-    return tuning.capture && tuning.capture->aec != nullptr ? &tuning.capture->aec->model_aec_en : nullptr;
-}
-int32_t* bfMask(const Tuning& tuning) {
-    return tuning.capture && tuning.capture->bf != nullptr ? &tuning.capture->bf->model_en : nullptr;
-}
-int32_t* playbackMask(const Tuning& tuning) {
-    return tuning.playback ? &tuning.playback->rx->model_en : nullptr;
-}
-int32_t* gainMask(const Tuning& tuning) {
-    return const_cast<int32_t*>(&tuning.gainMask);
-}
-
-SectionPlace inRoot(const EboSection& section, const char* record, void* (*recordOf)(const Tuning&)) {
-    return {&section, kCaptureRoot, record, "model_en", section.bit, true, true, recordOf, rootMask};
-}
-SectionPlace inBeamformer(const EboSection& section, const char* record, void* (*recordOf)(const Tuning&)) {
-    return {&section, kCaptureRoot, record, "bf.model_en", section.bit, true, true, recordOf, bfMask};
-}
-SectionPlace inPlayback(const EboSection& section, const char* record, void* (*recordOf)(const Tuning&)) {
-    return {&section, kPlaybackRoot, record,   "rx.model_en", section.playbackBit,
-            false,    true,          recordOf, playbackMask};
+SectionPlace placeIn(const EboLoad& load, const EboSection& section) {
+    SectionPlace place = {
+        &section, &load, load.root, recordName(section), "", section.bit, eboMustLoad(load, section)};
+    if (load.playback != 0) {
+        place.mask = "rx.model_en";
+        place.bit = section.playbackBit;
+    } else if (load.maskless != 0) {
+        place.mask = "none";
+    } else {
+        place.mask = section.container == EboContainer::Root            ? "model_en"
+                     : section.container == EboContainer::EchoCanceller ? "aec.model_aec_en"
+                                                                        : "bf.model_en";
+    }
+    return place;
 }
 
-// The exceptions among the sections.
-std::vector<SectionPlace> makePlaces() {
-    SectionPlace delay = {
-        &kEboDelaySection, kCaptureRoot, "EboDelayParam", "aec.model_aec_en", EBO_AEC_DELAY, false, false,
-        delayRecord,       aecMask};
-    SectionPlace wakeup =
-        inBeamformer(kEboWakeupSection, "EboWakeupParam", ofBeamformer<&EboBeamFormParam::wakeup>);
-    wakeup.required = false;
-    wakeup.readWhenDisabled = false;
-    SectionPlace ainr = inBeamformer(kEboAinrSection, "EboAiNRParam", ofBeamformer<&EboBeamFormParam::ainr>);
-    ainr.readWhenDisabled = false;
-    const SectionPlace gain = {&kEboAgcSection, kGainRoot, "EboAgcParam", "none", EBO_BF_AGC, true, true,
-                               gainRecord,      gainMask};
-    return {
-        inRoot(kEboAecSection, "EboAecParam", ofRoot<&KAEboParam::aec>),
-        delay,
-        inRoot(kEboBfSection, "EboBeamFormParam", ofRoot<&KAEboParam::bf>),
-        inBeamformer(kEboFastAecSection, nullptr, noRecord),
-        inBeamformer(kEboGscSection, nullptr, noRecord),
-        inBeamformer(kEboWindSection, nullptr, noRecord),
-        inBeamformer(kEboAgcSection, "EboAgcParam", ofBeamformer<&EboBeamFormParam::agc>),
-        inBeamformer(kEboAnrSection, "EboAnrParam", ofBeamformer<&EboBeamFormParam::anr>),
-        inBeamformer(kEboNlpSection, "EboNlpParam", ofBeamformer<&EboBeamFormParam::nlp>),
-        inBeamformer(kEboDereverbSection, "EboDereverbParam", ofBeamformer<&EboBeamFormParam::dereverb>),
-        inBeamformer(kEboCngSection, "EboCngParam", ofBeamformer<&EboBeamFormParam::cng>),
-        inBeamformer(kEboDtdSection, "EboDtdParam", ofBeamformer<&EboBeamFormParam::dtd>),
-        inBeamformer(kEboAesSection, "EboAesParam", ofBeamformer<&EboBeamFormParam::aes>),
-        inBeamformer(kEboHowlSection, "EboHowlParam", ofBeamformer<&EboBeamFormParam::howl>),
-        inBeamformer(kEboDoaSection, "EboDoaParam", ofBeamformer<&EboBeamFormParam::doa>),
-        wakeup,
-        ainr,
-        inPlayback(kEboAnrSection, "EboAnrParam", ofPlayback<&EboRxParam::anr>),
-        inPlayback(kEboHowlSection, "EboHowlParam", ofPlayback<&EboRxParam::howl>),
-        gain,
-    };
+template <typename Record>
+void* pointerIn(const Record* container, size_t slot) {
+    void* record = nullptr;
+    if (container != nullptr) std::memcpy(&record, fieldAt(container, slot), sizeof(record));
+    return record;
 }
-
-// Fields that no key fills.
-struct FieldWithoutKey {
-    const EboSection* section;
-    EboKeyRow row;
-    const char* loaded;  // value in a loaded record
-};
-const FieldWithoutKey kFieldsWithoutKey[] = {
-    {&kEboAecSection, EBO_NUMBER_OPTIONAL(EboAecParam, pos), "0"},
-    {&kEboDelaySection, EBO_NUMBER_OPTIONAL(EboDelayParam, LeastDelay), "0"},
-    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, ref_pos), "0"},
-    {&kEboBfSection, EBO_NUMBER_OPTIONAL(EboBeamFormParam, num_ref_channel), "0"},
-    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, sample_rate), "16000"},
-    {&kEboAgcSection, EBO_NUMBER_OPTIONAL(EboAgcParam, frame_len), "256"},
-};
 
 }  // namespace
 
+void* SectionPlace::recordOf(const Tuning& tuning) const {
+    if (section->recordSize == 0) return nullptr;
+    if (load->maskless != 0) return tuning.gain.get();
+    if (load->playback != 0)
+        return tuning.playback ? pointerIn(tuning.playback->rx, section->playbackSlot) : nullptr;
+    if (!tuning.capture) return nullptr;
+    switch (section->container) {
+        case EboContainer::Root:
+            return pointerIn(tuning.capture.get(), section->slot);
+        case EboContainer::EchoCanceller:
+            return pointerIn(tuning.capture->aec, section->slot);
+        default:
+            return pointerIn(tuning.capture->bf, section->slot);
+    }
+}
+
+int32_t* SectionPlace::maskOf(const Tuning& tuning) const {
+    if (load->maskless != 0) return const_cast<int32_t*>(&tuning.gainMask);
+    if (load->playback != 0) return tuning.playback ? &tuning.playback->rx->model_en : nullptr;
+    if (!tuning.capture) return nullptr;
+    KAEboParam& ebo = *tuning.capture;
+    switch (section->container) {
+        case EboContainer::Root:
+            return &ebo.model_en;
+        case EboContainer::EchoCanceller:
+            return ebo.aec != nullptr ? &ebo.aec->model_aec_en : nullptr;
+        default:
+            return ebo.bf != nullptr ? &ebo.bf->model_en : nullptr;
+    }
+}
+
+const std::vector<const EboLoad*>& rootLoads() {
+    static const std::vector<const EboLoad*> loads = [] {
+        std::vector<const EboLoad*> all;
+        for (const EboLoad& load : kEboLoads) {
+            const auto sameRoot = [&load](const EboLoad* other) {
+                return std::strcmp(other->root, load.root) == 0;
+            };
+            if (std::none_of(all.begin(), all.end(), sameRoot)) all.push_back(&load);
+        }
+        return all;
+    }();
+    return loads;
+}
+
 const std::vector<SectionPlace>& sectionPlaces() {
-    static const std::vector<SectionPlace> places = makePlaces();
+    static const std::vector<SectionPlace> places = [] {
+        std::vector<SectionPlace> all;
+        for (const EboLoad* load : rootLoads()) {
+            for (size_t i = 0; i < load->sectionCount; ++i) all.push_back(placeIn(*load, *load->sections[i]));
+        }
+        return all;
+    }();
+    return places;
+}
+
+std::vector<const SectionPlace*> placesOf(const EboSection& section) {
+    std::vector<const SectionPlace*> places;
+    for (const SectionPlace& place : sectionPlaces()) {
+        if (place.section == &section) places.push_back(&place);
+    }
     return places;
 }
 
 std::string nameOf(const SectionPlace& place) {
-    const bool capture = place.root == kCaptureRoot;
+    const bool capture = place.load == rootLoads().front();
     return capture ? place.section->name : std::string(place.root) + "." + place.section->name;
 }
 
@@ -126,38 +121,20 @@ bool isEnabled(const SectionPlace& place, const Tuning& tuning) {
     return mask != nullptr && (*mask & place.bit) != 0;
 }
 
-std::vector<const EboKeyRow*> keysOf(const EboSection& section) {
-    std::vector<const EboKeyRow*> keys;
+KeyRows keysOf(const EboSection& section) {
+    KeyRows keys;
     for (const EboKeyRow* row = section.rows + 1; row < section.rows + section.rowCount; ++row) {
-        keys.push_back(row);
+        if (row->ifMissing != EboIfMissing::NoKey) keys.push_back(row);
     }
     return keys;
 }
 
-std::vector<const EboKeyRow*> fieldsWithoutKey(const EboSection& section) {
-    std::vector<const EboKeyRow*> fields;
-    for (const FieldWithoutKey& field : kFieldsWithoutKey) {
-        if (field.section == &section) fields.push_back(&field.row);
+KeyRows fieldsWithoutKey(const EboSection& section) {
+    KeyRows fields;
+    for (const EboKeyRow* row = section.rows; row < section.rows + section.rowCount; ++row) {
+        if (row->ifMissing == EboIfMissing::NoKey) fields.push_back(row);
     }
     return fields;
-}
-
-const char* loadedValueOf(const EboKeyRow& fieldWithoutKey) {
-    for (const FieldWithoutKey& field : kFieldsWithoutKey) {
-        if (&field.row == &fieldWithoutKey) return field.loaded;
-    }
-    return "";
-}
-
-bool isReadWhenDisabled(const EboSection& section) {
-    const std::vector<SectionPlace>& places = sectionPlaces();
-    return std::all_of(places.begin(), places.end(), [&section](const SectionPlace& place) {
-        return place.section != &section || place.readWhenDisabled;
-    });
-}
-
-bool isMethod(const SectionPlace& place, const EboKeyRow& row) {
-    return place.section == &kEboGscSection && row.kind != EboKeyKind::Status;
 }
 
 Numbers numbersOf(const EboKeyRow& row) {
@@ -180,8 +157,8 @@ Numbers numbersOf(const EboKeyRow& row) {
     }
 }
 
-std::string fieldName(const SectionPlace& place, const EboKeyRow& row) {
-    if (row.kind == EboKeyKind::Status || isMethod(place, row)) return "";
+std::string fieldName(const EboKeyRow& row) {
+    if (row.kind == EboKeyKind::Status || row.kind == EboKeyKind::MaskBit) return "";
     if (row.kind == EboKeyKind::ChannelMap) return "Array_list";
     std::string name = row.key;
     if (row.kind == EboKeyKind::BandList) return "bands[]." + name;

@@ -1,8 +1,8 @@
-// Every section and key of a tuning file, and where their values stand in loaded records. Keys, kinds and
-// offsets are those of the readers' own tables; this adds only what those do not need to know.
+// Every section and key of a tuning file, and where their values stand in loaded records: the loads' and the readers'
+// own tables, seen from a file.
 #pragma once
 
-#include <parse/section.h>
+#include <parse/loads.h>
 
 #include <string>
 #include <vector>
@@ -12,18 +12,31 @@
 // One section under one root object.
 struct SectionPlace {
     const EboSection* section;
+    const EboLoad* load;  // of all sections under this root
     const char* root;
-    const char* record;                        // type of the record; null: the section fills none
-    const char* mask;                          // the enable mask that shows whether the section is enabled
-    int32_t bit;                               // in that mask
-    bool required;                             // the load fails without the section
-    bool readWhenDisabled;                     // its keys are read, and required, whatever its status
-    void* (*recordOf)(const Tuning& tuning);   // null without one
-    int32_t* (*maskOf)(const Tuning& tuning);  // null without one
+    std::string record;  // type of the record; empty: the section fills none
+    std::string mask;    // the enable mask that shows whether the section is enabled
+    int32_t bit;         // in that mask
+    bool required;       // the load fails without the section
+
+    void* recordOf(const Tuning& tuning) const;   // null without one
+    int32_t* maskOf(const Tuning& tuning) const;  // null without one
+    // Its keys are read, and required, whatever its status.
+    bool readWhenDisabled() const { return section->whenDisabled == EboDisabled::IsRead; }
+    // A record of its own hangs on every file that loads: not of a switch, nor of a disabled "delay".
+    bool leavesNoRecordWhenDisabled() const { return section->whenDisabled == EboDisabled::LeavesNoRecord; }
+    // Its record is the container of other sections.
+    bool isContainer() const { return section->container == EboContainer::Root && load->playback == 0; }
 };
+
+// The loads that read all of a root object, in the order in which a file is shown.
+const std::vector<const EboLoad*>& rootLoads();
 
 // All sections of "ebo_configs" in the order in which they are read, then those of the other two roots.
 const std::vector<SectionPlace>& sectionPlaces();
+
+// All places of one section: "anr" stands under two roots.
+std::vector<const SectionPlace*> placesOf(const EboSection& section);
 
 // The name of a section, or of a key of it, as reports write it: "agc.fRk0", and with its root object when
 // that is not "ebo_configs".
@@ -33,17 +46,20 @@ std::string nameOf(const SectionPlace& place, const EboKeyRow& row);
 // Whether the section's bit is set; false when its mask is not there.
 bool isEnabled(const SectionPlace& place, const Tuning& tuning);
 
-// The rows of a section without the status; and its fields that no key fills, as rows.
-std::vector<const EboKeyRow*> keysOf(const EboSection& section);
-std::vector<const EboKeyRow*> fieldsWithoutKey(const EboSection& section);
-// What every loaded record holds in such a field.
-const char* loadedValueOf(const EboKeyRow& fieldWithoutKey);
+using KeyRows = std::vector<const EboKeyRow*>;
+// The rows of a section without the status; and its fields that no key fills.
+KeyRows keysOf(const EboSection& section);
+KeyRows fieldsWithoutKey(const EboSection& section);
 
-// "delay", "wakeup" and "ainr" are read behind their status only when they are enabled.
-bool isReadWhenDisabled(const EboSection& section);
+// The log's format when the key is missing; null when the key is optional.
+inline const char* missingMessage(const EboKeyRow& row) {
+    return row.ifMissing == EboIfMissing::Fails ? row.text : nullptr;
+}
 
-// The one key whose value is kept as a bit of the mask and nowhere else.
-bool isMethod(const SectionPlace& place, const EboKeyRow& row);
+// The bit of a MaskBit.
+inline int32_t bitOf(const EboKeyRow& row) {
+    return 1 << row.offset;
+}
 
 // The numbers that a key fills: `count` of them, the first at `offset` in the record, `stride` bytes apart.
 // None for words, for the channel map, which stands outside of its record, and for what only sets bits.
@@ -60,5 +76,5 @@ inline const char* fieldAt(const void* record, size_t offset) {
     return static_cast<const char*>(record) + offset;
 }
 
-// The record's field behind a key, in the words of the language: "LimitRatio[0]". Empty when there is none.
-std::string fieldName(const SectionPlace& place, const EboKeyRow& row);
+// The record's field of a key, in the words of the language: "LimitRatio[0]". Empty when there is none.
+std::string fieldName(const EboKeyRow& row);

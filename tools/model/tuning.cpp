@@ -2,98 +2,116 @@
 
 #include <ka/json_table.h>
 #include <parse/row_scan.h>
-#include <parse/section.h>
 
 #include <algorithm>
 #include <cstring>
 
+#include "model/places.h"
 #include "model/spool.h"
 
 namespace {
+
+constexpr char kAuto[] = "auto";
 
 KAEboParam* newRoot() {
     return static_cast<KAEboParam*>(ka_mem_malloc(sizeof(KAEboParam), __func__));
 }
 
-// The number of channels that the file's map asks for, as the reader takes it.
-int channelsAskedFor(KAJsonParser& document) {
+bool hasRoot(const KAJsonParser& document, const char* root) {
+    KAJsonTable table(document);
+    for (KaJsonItem item = {}; table.next(&item);) {
+        if (item.level == 1 && item.name_length == std::strlen(root) && std::strcmp(item.name, root) == 0)
+            return true;
+    }
+    return false;
+}
+
+// The number of channels that a map asks for, as the section's reader takes it.
+int channelsAskedFor(KAJsonParser& document, const EboLoad& load, const EboSection& section,
+                     const EboKeyRow& row) {
     KaMetaData keys;
-    document.getOptions(kCaptureRoot, kEboAecSection.name, &keys);
+    document.getOptions(load.root, section.name, &keys);
     const char* status = nullptr;
     const char* map = nullptr;
     int32_t channels = 0;
-    if (keys.findCString("status", &status) && keys.findCString("mic_chn_map", &map)) {
+    if (keys.findCString(section.rows[0].key, &status) && keys.findCString(row.key, &map)) {
         EboScanner(map).integer(&channels);
     }
     return std::max(channels, 0);
 }
 
-bool isOf(Part part, const EboSection* section) {
-    if (part == Part::File) return true;
-    const bool echo = section == &kEboAecSection || section == &kEboDelaySection;
-    return (part == Part::Aec) == echo;
-}
-
-bool loadCapture(Load& load, Part part) {
-    constexpr int kMaxChannels = 16;
-    load.root = kCaptureRoot;
-    Tuning& tuning = load.tuning;
-    tuning.capture.reset(newRoot());
-    tuning.channels = part == Part::BeamForm ? 0 : channelsAskedFor(*load.document);
-    if (tuning.channels > kMaxChannels) {
-        ka_err(0, 2, "eboconf",
-               "mic_chn_map asks for %d channels: a device aborts, Assertion chns <= 16 failed",
-               kEboAecSection.function, __LINE__, tuning.channels);
-        return false;
-    }
-    for (const EboLoadStep& step : kEboLoadOrder) {
-        if (!isOf(part, step.section)) continue;
-        const bool loaded = step.load(load.document.get(), kCaptureRoot, tuning.capture.get());
-        const bool lenient = part == Part::BeamForm && step.section != &kEboBfSection;
-        if (!loaded && !lenient) return false;
+// False when a map would abort the process.
+bool takeChannels(Load& result, const EboLoad& load) {
+    for (size_t i = 0; i < load.sectionCount; ++i) {
+        const EboSection& section = *load.sections[i];
+        for (const EboKeyRow* row : keysOf(section)) {
+            if (row->kind != EboKeyKind::ChannelMap) continue;
+            const int channels = channelsAskedFor(*result.document, load, section, *row);
+            result.tuning.channels = channels;
+            if (channels <= row->count) continue;
+            ka_err(0, 2, "eboconf", "%s asks for %d channels: a device aborts, %s", section.function,
+                   __LINE__, row->key, channels, kMapAssertion);
+            return false;
+        }
     }
     return true;
 }
 
-// The loader itself takes a playback path of which nothing could be read; at the desk that is a file without
-// one.
-bool loadPlayback(Load& load) {
-    load.root = kPlaybackRoot;
-    load.tuning.playback.reset(newRoot());
-    KAEboParam& root = *load.tuning.playback;
-    root.model_en = EBO_PATH_RX;
-    root.rx = static_cast<EboRxParam*>(ka_mem_malloc(sizeof(EboRxParam), __func__));
-    root.rx->anr = parseEboAnrConfigs(load.document.get(), kPlaybackRoot, &root.rx->model_en);
-    root.rx->howl = parseEboHowlConfigs(load.document.get(), kPlaybackRoot, &root.rx->model_en);
-    return root.rx->anr != nullptr || root.rx->howl != nullptr;
+bool readCapture(Load& result, const EboLoad& load) {
+    result.tuning.capture.reset(newRoot());
+    return takeChannels(result, load) &&
+           eboReadSections(load, result.document.get(), result.tuning.capture.get());
 }
 
-bool loadGain(Load& load) {
-    load.root = kGainRoot;
-    Tuning& tuning = load.tuning;
-    tuning.gain.reset(parseEboAgcConfigs(load.document.get(), kGainRoot, &tuning.gainMask));
+bool readPlayback(Load& result, const EboLoad& load) {
+    result.tuning.playback.reset(newRoot());
+    KAEboParam& root = *result.tuning.playback;
+    root.model_en = EBO_PATH_RX;
+    root.rx = static_cast<EboRxParam*>(ka_mem_malloc(sizeof(EboRxParam), __func__));
+    return eboReadSections(load, result.document.get(), &root);
+}
+
+bool readGain(Load& result, const EboLoad& load) {
+    Tuning& tuning = result.tuning;
+    tuning.gain.reset(parseEboAgcConfigs(result.document.get(), load.root, &tuning.gainMask));
     return tuning.gain != nullptr;
 }
 
-bool loadParts(Load& load, Part part) {
-    if (part == Part::Playback) return loadPlayback(load);
-    if (part == Part::Gain) return loadGain(load);
-    if (part != Part::File) return loadCapture(load, part);
-    const bool playback = hasRoot(*load.document, kPlaybackRoot);
-    const bool gain = hasRoot(*load.document, kGainRoot);
-    const bool capture = hasRoot(*load.document, kCaptureRoot) || (!playback && !gain);
-    return (!capture || loadCapture(load, part)) && (!playback || loadPlayback(load)) &&
-           (!gain || loadGain(load));
+bool read(Load& result, const EboLoad& load) {
+    result.loads.push_back(&load);
+    if (load.maskless != 0) return readGain(result, load);
+    return load.playback != 0 ? readPlayback(result, load) : readCapture(result, load);
 }
 
 }  // namespace
 
-bool hasRoot(const KAJsonParser& document, const char* root) {
-    KAJsonTable table(document);
-    for (KaJsonItem item = {}; table.next(&item);) {
-        if (item.level == 1 && std::strcmp(item.name, root) == 0) return true;
+std::vector<std::string> partNames() {
+    std::vector<std::string> names = {kAuto};
+    for (const EboLoad& load : kEboLoads) names.emplace_back(load.name);
+    return names;
+}
+
+Part partNamed(const std::string& name) {
+    for (const EboLoad& load : kEboLoads) {
+        if (name == load.name) return &load;
     }
-    return false;
+    return nullptr;
+}
+
+const char* componentOf(const EboLoad& load) {
+    static const char* const words[kEboLoadCount] = {"capture path", "echo canceller", "beamformer",
+                                                     "playback path", "gain control"};
+    return words[&load - kEboLoads];
+}
+
+std::vector<const EboLoad*> loadsOf(Part part, const KAJsonParser& document) {
+    if (part != nullptr) return {part};
+    std::vector<const EboLoad*> loads;
+    for (const EboLoad* load : rootLoads()) {
+        if (hasRoot(document, load->root)) loads.push_back(load);
+    }
+    if (loads.empty()) loads.push_back(rootLoads().front());
+    return loads;
 }
 
 Tuning defaultTuning() {
@@ -110,14 +128,17 @@ Tuning defaultTuning() {
 
 Load loadTuning(const std::string& file, Part part) {
     const SpooledFile spooled(file);
-    Load load;
-    load.document = std::make_unique<KAJsonParser>();
-    load.messages = messagesOf([&] {
-        load.loaded = load.document->parseFile(spooled.path().c_str()) != 0 && loadParts(load, part);
+    Load result;
+    result.document = std::make_unique<KAJsonParser>();
+    result.messages = messagesOf([&] {
+        if (result.document->parseFile(spooled.path().c_str()) == 0) return;
+        const std::vector<const EboLoad*> loads = loadsOf(part, *result.document);
+        result.loaded = std::all_of(loads.begin(), loads.end(),
+                                    [&result](const EboLoad* load) { return read(result, *load); });
     });
-    for (LogMessage& message : load.messages) message.text = spooled.named(message.text);
-    if (!load.loaded) load.tuning = Tuning();
-    return load;
+    for (LogMessage& message : result.messages) message.text = spooled.named(message.text);
+    if (!result.loaded) result.tuning = Tuning();
+    return result;
 }
 
 std::string whyNotLoaded(const Load& load, const std::string& file) {
@@ -125,11 +146,12 @@ std::string whyNotLoaded(const Load& load, const std::string& file) {
     const auto last = std::find_if(load.messages.rbegin(), load.messages.rend(),
                                    [](const LogMessage& message) { return message.error; });
     if (last == load.messages.rend()) return file + ": does not load";
-    if (load.root == nullptr) return last->text;  // names the file itself
+    if (load.loads.empty()) return last->text;  // names the file itself
     std::string section;
-    for (const EboLoadStep& step : kEboLoadOrder) {
-        if (last->function != step.section->function) continue;
-        section.append("\"").append(step.section->name).append("\" of ");
+    for (const SectionPlace& place : sectionPlaces()) {
+        if (place.root == load.loads.back()->root && last->function == place.section->function)
+            section.append("\"").append(place.section->name).append("\" of ");
     }
-    return file + ": does not load: " + last->text + ", in " + section + "\"" + load.root + "\"";
+    return file + ": does not load: " + last->text + ", in " + section + "\"" + load.loads.back()->root +
+           "\"";
 }

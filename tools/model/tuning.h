@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ka/framework.h>
+#include <parse/loads.h>
 
 #include <memory>
 #include <string>
@@ -9,7 +10,6 @@
 
 #include "model/load_log.h"
 #include "model/records.h"
-#include "model/roots.h"
 
 // The records of one tuning file.
 struct Tuning {
@@ -20,21 +20,29 @@ struct Tuning {
     int channels = 0;       // entries of the echo canceller's channel map, which does not count them itself
 };
 
-// Whether the document has this root object.
-bool hasRoot(const KAJsonParser& document, const char* root);
+// The load that somebody asks for; null: of every root object that the file has, the load of the whole of it.
+using Part = const EboLoad*;
+// Their names: "auto", then those of the loads.
+std::vector<std::string> partNames();
+Part partNamed(const std::string& name);
+
+// What a load gives, in words: "capture path", "echo canceller" ...
+const char* componentOf(const EboLoad& load);
+
+// The loads that `part` means for this document; that of the capture path when it has no root object at all.
+std::vector<const EboLoad*> loadsOf(Part part, const KAJsonParser& document);
+
+// How a device ends when a channel map asks for too many channels.
+inline constexpr char kMapAssertion[] = "Assertion chns <= 16 failed";
 
 // The built-in defaults of all three parts.
 Tuning defaultTuning();
 
-// What of a file is loaded. File: every part that it has, each of which must load. The others are what the
-// loaders of single components read.
-enum class Part { File, Aec, BeamForm, Playback, Gain };
-
 struct Load {
     Tuning tuning;
-    bool loaded = false;
-    const char* root = nullptr;              // root object at which the load failed; null when it is not JSON
-    std::vector<LogMessage> messages;        // of the framework and of the section readers, in order
+    bool loaded = false;                // every one of `loads`
+    std::vector<const EboLoad*> loads;  // in order, up to the first that failed; none when it is not JSON
+    std::vector<LogMessage> messages;   // of the framework and of the section readers, in order
     std::unique_ptr<KAJsonParser> document;  // open as long as this object when the file is JSON
 };
 

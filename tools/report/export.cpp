@@ -33,7 +33,7 @@ public:
 private:
     // Whether the section's container is there at all.
     bool isPart(const SectionPlace& place) const {
-        if (place.root == kGainRoot) return tuning_.gain != nullptr;
+        if (place.load->maskless != 0) return tuning_.gain != nullptr;
         return place.maskOf(tuning_) != nullptr;
     }
 
@@ -46,17 +46,17 @@ private:
 
     void writeSection(const SectionPlace& place) {
         const void* record = place.recordOf(tuning_);
-        const bool missing = place.record != nullptr && record == nullptr;
-        const bool needed = place.root == kCaptureRoot && isWhole();
+        const bool missing = !place.record.empty() && record == nullptr;
+        const bool needed = place.load == rootLoads().front() && isWhole();
         if (missing && !needed) return;
         const bool enabled = isEnabled(place, tuning_) && !missing;
         json_.key(place.section->name).beginObject();
         json_.key("status").text(enabled ? "enable" : "disable");
         if (missing && isEnabled(place, tuning_))
             lose(nameOf(place) + " is enabled but has no record: disabled");
-        if (missing && place.section != &kEboDelaySection)
+        if (missing && !place.leavesNoRecordWhenDisabled())
             lose(nameOf(place) + " has no record: read back, it has a zero one");
-        if (enabled || place.readWhenDisabled) writeKeys(place, record);
+        if (enabled || place.readWhenDisabled()) writeKeys(place, record);
         json_.endObject();
     }
 
@@ -70,8 +70,8 @@ private:
     }
 
     void writeKey(const SectionPlace& place, const void* record, const EboKeyRow& row) {
-        if (isMethod(place, row)) {
-            const bool one = (tuning_.capture->bf->model_en & EBO_BF_GSC_METHOD) != 0;
+        if (row.kind == EboKeyKind::MaskBit) {
+            const bool one = (*place.maskOf(tuning_) & bitOf(row)) != 0;
             json_.key(row.key).number(one ? "1" : "0");
             return;
         }
@@ -116,11 +116,7 @@ private:
     // What a reader leaves in a field that has no key.
     void checkFixed(const SectionPlace& place, const void* record, const EboKeyRow& row) {
         const std::string value = numberText(record, numbersOf(row), 0);
-        std::string fixed = "0";
-        if (place.section == &kEboAgcSection) {
-            const EboAgcParam defaults = *AgcRecord(createEboAgcConfig());
-            fixed = numberText(&defaults, numbersOf(row), 0);
-        }
+        const std::string fixed = row.text;
         if (value != fixed)
             lose(nameOf(place, row) + " is " + value + " and has no key: read back, it is " + fixed);
     }

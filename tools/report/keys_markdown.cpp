@@ -39,11 +39,11 @@ std::string row(const KeyFacts& facts) {
 
 std::string placeItem(const SectionPlace& place) {
     std::string text = std::string("- `") + place.root + "`: " + bitText(place);
-    if (place.record != nullptr) text += std::string(", record `") + place.record + "`";
-    if (place.root == kCaptureRoot) {
+    if (!place.record.empty()) text += ", record `" + place.record + "`";
+    if (place.load == rootLoads().front()) {
         text += place.required ? "; without the section the whole load fails"
                                : "; without the section the load goes on";
-        text += place.readWhenDisabled ? "" : "; while it is disabled only its status is read";
+        text += place.readWhenDisabled() ? "" : "; while it is disabled only its status is read";
     }
     return text + "\n";
 }
@@ -52,8 +52,9 @@ std::string placeItem(const SectionPlace& place) {
 
 std::string markdownReference() {
     std::string text = kHead;
-    for (const EboLoadStep& step : kEboLoadOrder) {
-        const EboSection& section = *step.section;
+    const EboLoad& whole = *rootLoads().front();
+    for (size_t i = 0; i < whole.sectionCount; ++i) {
+        const EboSection& section = *whole.sections[i];
         text += std::string("\n## ") + section.name + "\n\n" + meaningOf(section.name, nullptr) + ".\n\n";
         for (const SectionPlace* place : placesOf(section)) text += placeItem(*place);
         text += "\n| order | key | type | stored as | field | default | when missing | meaning |\n";

@@ -7,10 +7,10 @@
 namespace {
 
 std::string ordinalOf(const EboSection& section) {
-    for (size_t i = 0; i < kEboSectionCount; ++i) {
-        if (kEboLoadOrder[i].section == &section) return std::to_string(i + 1);
-    }
-    return "?";
+    const EboLoad& whole = *rootLoads().front();
+    const auto* end = whole.sections + whole.sectionCount;
+    return std::to_string(std::find(whole.sections, end, &section) - whole.sections + 1) + " of " +
+           std::to_string(whole.sectionCount);
 }
 
 // "  label   text", the text wrapped behind the label.
@@ -26,11 +26,11 @@ std::string shortForm(const std::string& stored) {
 
 std::string placeLine(const SectionPlace& place) {
     std::string text = std::string(place.root) + ": ";
-    if (place.root == kCaptureRoot)
-        text += "section " + ordinalOf(*place.section) + " of " + std::to_string(kEboSectionCount) + ", ";
+    const bool capture = place.load == rootLoads().front();
+    if (capture) text += "section " + ordinalOf(*place.section) + ", ";
     text += bitText(place);
-    if (place.record != nullptr) text += std::string(", record ") + place.record;
-    if (place.root == kCaptureRoot) text += place.required ? ", required" : ", optional";
+    if (!place.record.empty()) text += ", record " + place.record;
+    if (capture) text += place.required ? ", required" : ", optional";
     return text;
 }
 

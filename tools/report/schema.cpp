@@ -50,10 +50,10 @@ public:
         json_.key("properties").beginObject();
         json_.key("$schema").beginObject().key("type").text("string");
         json_.key("description").text("For the editor; a device ignores it.").endObject();
-        writeRoot(kCaptureRoot,
+        writeRoot(kEboLoads[kEboFullLoad],
                   "Capture path: every section but delay and wakeup must be there, enabled or not");
-        writeRoot(kPlaybackRoot, "Playback path");
-        writeRoot(kGainRoot, "Gain control alone, for a component that needs nothing else");
+        writeRoot(kEboLoads[kEboAoLoad], "Playback path");
+        writeRoot(kEboLoads[kEboAgcLoad], "Gain control alone, for a component that needs nothing else");
         json_.endObject();
         json_.key("additionalProperties").boolean(false);
         writeAnyRoot();
@@ -63,20 +63,20 @@ public:
     }
 
 private:
-    void writeRoot(const char* root, const char* description) {
-        json_.key(root).beginObject();
+    void writeRoot(const EboLoad& load, const char* description) {
+        json_.key(load.root).beginObject();
         json_.key("description").text(description);
         json_.key("type").text("object");
         json_.key("properties").beginObject();
         for (const SectionPlace& place : sectionPlaces()) {
-            if (place.root != root) continue;
+            if (place.load != &load) continue;
             json_.key(place.section->name).beginObject();
             json_.key("$ref").text(std::string("#/definitions/") + place.section->name).endObject();
         }
         json_.endObject();
         json_.key("required").beginArray();
         for (const SectionPlace& place : sectionPlaces()) {
-            if (place.root == root && place.required) json_.text(place.section->name);
+            if (place.load == &load && place.required) json_.text(place.section->name);
         }
         json_.endArray();
         json_.key("additionalProperties").boolean(false);
@@ -85,15 +85,17 @@ private:
 
     void writeAnyRoot() {
         json_.key("anyOf").beginArray();
-        for (const char* root : {kCaptureRoot, kPlaybackRoot, kGainRoot}) {
-            json_.beginObject().key("required").beginArray().text(root).endArray().endObject();
+        for (const EboLoad* load : rootLoads()) {
+            json_.beginObject().key("required").beginArray().text(load->root).endArray().endObject();
         }
         json_.endArray();
     }
 
     void writeDefinitions() {
         json_.key("definitions").beginObject();
-        for (const EboLoadStep& step : kEboLoadOrder) writeSection(*placesOf(*step.section).front());
+        for (const SectionPlace& place : sectionPlaces()) {
+            if (place.load == rootLoads().front()) writeSection(place);
+        }
         json_.endObject();
     }
 
@@ -106,7 +108,7 @@ private:
         writeKey(place, section.rows[0]);
         for (const EboKeyRow* row : keysOf(section)) writeKey(place, *row);
         json_.endObject();
-        if (place.readWhenDisabled) {
+        if (place.readWhenDisabled()) {
             writeRequired(section, 0);
         } else {
             writeRequiredWhenEnabled(section);
@@ -119,14 +121,14 @@ private:
     void writeRequired(const EboSection& section, size_t first) {
         json_.key("required").beginArray();
         for (size_t i = first; i < section.rowCount; ++i) {
-            if (section.rows[i].missing != nullptr) json_.text(section.rows[i].key);
+            if (missingMessage(section.rows[i]) != nullptr) json_.text(section.rows[i].key);
         }
         json_.endArray();
     }
 
     void writeRequiredWhenEnabled(const EboSection& section) {
         json_.key("required").beginArray();
-        if (section.rows[0].missing != nullptr) json_.text("status");
+        if (missingMessage(section.rows[0]) != nullptr) json_.text("status");
         json_.endArray();
         json_.key("if").beginObject().key("properties").beginObject().key("status").beginObject();
         json_.key("pattern").text(std::string("^") + kEnable + "$").endObject().endObject();
@@ -160,6 +162,7 @@ private:
                 return writeStatus();
             case EboKeyKind::Int32:
             case EboKeyKind::Flag:
+            case EboKeyKind::MaskBit:
                 return writeRange("-2147483648", "2147483647");
             case EboKeyKind::Int16:
                 return writeRange("-32768", "32767");
@@ -191,7 +194,8 @@ private:
     void writeDefault(const EboKeyRow& row, const std::string& value) {
         if (value.empty() || row.kind == EboKeyKind::Status) return;
         const bool number = row.kind == EboKeyKind::Int32 || row.kind == EboKeyKind::Int16 ||
-                            row.kind == EboKeyKind::Flag || row.kind == EboKeyKind::Float;
+                            row.kind == EboKeyKind::Flag || row.kind == EboKeyKind::MaskBit ||
+                            row.kind == EboKeyKind::Float;
         json_.key("default");
         number ? json_.number(value) : json_.text(value);
     }

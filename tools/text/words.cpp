@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdio>
 
 namespace {
 
@@ -42,8 +43,35 @@ std::string printable(std::string_view text) {
     return result;
 }
 
-std::string quoted(std::string_view name) {
-    return '"' + printable(name) + '"';
+std::string quoted(std::string_view text) {
+    std::string result = "\"";
+    for (const char c : text) {
+        switch (c) {
+            case '"':
+            case '\\':
+                result += '\\';
+                result += c;
+                break;
+            case '\n':
+                result += "\\n";
+                break;
+            case '\r':
+                result += "\\r";
+                break;
+            case '\t':
+                result += "\\t";
+                break;
+            default:
+                if (static_cast<unsigned char>(c) >= 0x20 && c != 0x7F) {
+                    result += c;
+                } else {
+                    char escape[8];
+                    std::snprintf(escape, sizeof(escape), "\\u%04X", static_cast<unsigned>(c));
+                    result += escape;
+                }
+        }
+    }
+    return result + '"';
 }
 
 std::string numberText(float value) {
@@ -51,6 +79,12 @@ std::string numberText(float value) {
     if (std::isinf(value)) return value < 0 ? "minus infinity" : "infinity";
     std::array<char, 32> text{};
     return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
+}
+
+std::string hexText(int32_t bits) {
+    char text[16];
+    std::snprintf(text, sizeof(text), "0x%x", static_cast<unsigned int>(bits));
+    return text;
 }
 
 std::string countOf(size_t count, const char* noun) {

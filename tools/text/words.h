@@ -1,18 +1,22 @@
 // Words for messages: names in quotes, numbers as they are stored, the nearest of several names.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
-// In double quotes, without control characters.
-std::string quoted(std::string_view name);
+// In double quotes as JSON writes it: control characters, quotes and backslashes as escapes.
+std::string quoted(std::string_view text);
 
 // Control characters as '?', so that a file cannot steer the terminal.
 std::string printable(std::string_view text);
 
 // The shortest text that reads back as the same float.
 std::string numberText(float value);
+
+// "0x1f"
+std::string hexText(int32_t bits);
 
 // "3 numbers", "1 number"
 std::string countOf(size_t count, const char* noun);

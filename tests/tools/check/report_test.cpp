@@ -30,7 +30,7 @@ std::vector<std::string> faultyFiles() {
 
 CheckReport checkFaulty(const std::string& name) {
     const LogCatcher ignored;
-    CheckReport report = checkFile(kFaultyFiles + name, name.substr(0, name.find('/')));
+    CheckReport report = checkFile(kFaultyFiles + name, partNamed(name.substr(0, name.find('/'))));
     report.file = name;
     return report;
 }
@@ -87,19 +87,24 @@ TEST(Codes, StandInTheDocumentationWithAnExampleThatDrawsThem) {
     EXPECT_EQ(documented, coded);
 }
 
-bool hasKey(const EboSection& section, const std::string& key) {
-    return std::any_of(section.rows, section.rows + section.rowCount,
-                       [&key](const EboKeyRow& row) { return key == row.key; });
+bool hasKey(const std::string& section, const std::string& key) {
+    for (const SectionPlace& place : sectionPlaces()) {
+        if (section != place.section->name) continue;
+        const KeyRows keys = keysOf(*place.section);
+        return std::any_of(keys.begin(), keys.end(),
+                           [&key](const EboKeyRow* row) { return key == row->key; });
+    }
+    return false;
 }
 
 TEST(Rules, NameKeysOfTheTables) {
     for (const OrderRule& rule : orderRules()) {
-        EXPECT_TRUE(hasKey(*rule.section, rule.low)) << rule.low;
-        EXPECT_TRUE(hasKey(*rule.section, rule.high)) << rule.high;
+        EXPECT_TRUE(hasKey(rule.section, rule.low)) << rule.low;
+        EXPECT_TRUE(hasKey(rule.section, rule.high)) << rule.high;
     }
-    for (const EboLoadStep& step : kEboLoadOrder) {
-        for (const EboKeyRow* field : fieldsWithoutKey(*step.section)) {
-            EXPECT_FALSE(hasKey(*step.section, field->key)) << field->key;
+    for (const SectionPlace& place : sectionPlaces()) {
+        for (const EboKeyRow* field : fieldsWithoutKey(*place.section)) {
+            EXPECT_FALSE(hasKey(place.section->name, field->key)) << field->key;
         }
     }
 }
@@ -107,7 +112,7 @@ TEST(Rules, NameKeysOfTheTables) {
 TEST(Examples, HaveNoErrors) {
     const LogCatcher ignored;
     for (const std::string& file : filesIn(EBO_TUNINGS_DIR, ".json")) {
-        EXPECT_EQ(checkFile(file, "full").count(CheckLevel::Error), 0U) << file;
+        EXPECT_EQ(checkFile(file, partNamed("full")).count(CheckLevel::Error), 0U) << file;
     }
 }
 
@@ -118,17 +123,18 @@ TEST(SeveralFiles, AreCheckedOnThreadsAndReportedInTheirOrder) {
     std::vector<std::string> paths;
     for (const std::string& name : faultyFiles()) paths.push_back(kFaultyFiles + name);
     g_told = 0;
-    const std::vector<CheckReport> reports = checkFiles(paths, "full", 4, [](size_t done, size_t all) {
-        EXPECT_EQ(done, ++g_told);
-        EXPECT_LE(done, all);
-    });
+    const std::vector<CheckReport> reports =
+        checkFiles(paths, partNamed("full"), 4, [](size_t done, size_t all) {
+            EXPECT_EQ(done, ++g_told);
+            EXPECT_LE(done, all);
+        });
     ASSERT_EQ(reports.size(), paths.size());
     EXPECT_EQ(g_told, paths.size());
     for (size_t i = 0; i < paths.size(); ++i) {
         std::ostringstream together;
         std::ostringstream alone;
         writeCheckText(reports[i], {}, together);
-        writeCheckText(checkFile(paths[i], "full"), {}, alone);
+        writeCheckText(checkFile(paths[i], partNamed("full")), {}, alone);
         EXPECT_EQ(together.str(), alone.str());
     }
 }
@@ -139,7 +145,7 @@ TEST(Places, CountCharactersInOneLongLine) {
     for (int i = 0; i < 3000; ++i) note += "\xC3\xA9";
     const std::string path = testing::TempDir() + "one-long-line.json";
     std::ofstream(path) << R"({"note": ")" << note << R"(", "ebo_config": {}})";
-    const CheckReport report = checkFile(path, "full");
+    const CheckReport report = checkFile(path, partNamed("full"));
     std::remove(path.c_str());
     ASSERT_EQ(report.findings.size(), 2U);
     EXPECT_EQ(report.findings[0].place.characters, 2U);

@@ -1,8 +1,8 @@
 // What the check takes a name for, and how it helps with broken JSON.
 #include <gtest/gtest.h>
 
-#include "check/plan.h"
 #include "check/syntax.h"
+#include "model/places.h"
 #include "text/words.h"
 
 namespace {
@@ -16,8 +16,9 @@ class Slips : public testing::TestWithParam<Slip> {};
 
 TEST_P(Slips, AreUnderstood) {
     std::vector<std::string> keys;
-    for (const EboLoadStep& step : kEboLoadOrder) {
-        for (uint16_t i = 0; i < step.section->rowCount; ++i) keys.emplace_back(step.section->rows[i].key);
+    for (const SectionPlace& place : sectionPlaces()) {
+        keys.emplace_back(place.section->rows[0].key);
+        for (const EboKeyRow* row : keysOf(*place.section)) keys.emplace_back(row->key);
     }
     EXPECT_EQ(nearestName(GetParam().written, keys), GetParam().meant);
 }

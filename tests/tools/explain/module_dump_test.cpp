@@ -36,7 +36,7 @@ TEST(ModuleDump, SharesOutEveryLineOfRandomTrees) {
 }
 
 TEST(ModuleDump, FindsABlockByItsHeading) {
-    const Load load = loadTuning(TUNINGS "/two-mic-speaker.json", Part::File);
+    const Load load = loadTuning(TUNINGS "/two-mic-speaker.json", nullptr);
     EXPECT_EQ(linesOf(load.tuning, "dtd").front(), "stdt:");
     EXPECT_EQ(linesOf(load.tuning, "anr").front(), "anr:");
     EXPECT_EQ(linesOf(load.tuning, "delay").front(), "delay:");
@@ -49,7 +49,7 @@ TEST(ModuleDump, FindsABlockByItsHeading) {
 
 // Blocks with equal lines stand next to each other.
 TEST(ModuleDump, KeepsNeighboursThatLookAlikeApart) {
-    const Load load = loadTuning(TUNINGS "/minimal.json", Part::File);
+    const Load load = loadTuning(TUNINGS "/minimal.json", nullptr);
     load.tuning.capture->bf->model_en = EBO_BF_FAST_AEC | EBO_BF_GSC_METHOD | EBO_BF_WIND;
     EXPECT_THAT(linesOf(load.tuning, "fast_aec"), ElementsAre("fast_aec:", "   enabled"));
     EXPECT_THAT(linesOf(load.tuning, "gsc"), ElementsAre("gsc:", "   enabled"));

@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 Tuning example() {
-    return std::move(loadTuning(TUNINGS "/two-mic-speaker.json", Part::File).tuning);
+    return std::move(loadTuning(TUNINGS "/two-mic-speaker.json", nullptr).tuning);
 }
 
 TEST(Losses, OfANumberThatIsNone) {

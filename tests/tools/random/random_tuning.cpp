@@ -61,7 +61,7 @@ private:
 
     void fill(const SectionPlace& place) {
         char* record = static_cast<char*>(place.recordOf(tuning_));
-        if (record == nullptr || (!place.readWhenDisabled && !isEnabled(place, tuning_))) return;
+        if (record == nullptr || (!place.readWhenDisabled() && !isEnabled(place, tuning_))) return;
         for (const EboKeyRow* row : keysOf(*place.section)) {
             fillKey(record, *row);
         }
