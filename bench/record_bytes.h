@@ -8,5 +8,5 @@
 #include <ebo_params.h>
 
 // Every record with the padding between its fields, a null instead of every pointer, and what the pointers
-// point at behind it. `channels` is the length of the channel map, which the record does not hold.
+// point at after it. `channels` is the length of the channel map, which the record does not hold.
 std::string recordBytes(const KAEboParam& ebo, size_t channels);

@@ -63,7 +63,7 @@ float nearest(const char* first, const char* last, bool hex) {
     return static_cast<float>(tiny);
 }
 
-// The end of the number at `at`, behind its "0x" if it has one, as far as the C library's scanner takes it:
+// The end of the number at `at`, after its "0x" if it has one, as far as the C library's scanner takes it:
 // an exponent counts as part of the number even without digits, and "0x." is the number 0. Null when there is
 // none.
 const char* endOfNumber(const char* at, bool hex) {
@@ -88,7 +88,7 @@ const char* endOfNumber(const char* at, bool hex) {
     return at;
 }
 
-// Reads digits behind those that *value holds already. Where they end.
+// Reads digits after those that *value holds already. Where they end.
 const char* takeDigits(const char* at, uint32_t* value) {
     for (; isDigit(*at); ++at) *value = *value * 10 + static_cast<uint32_t>(*at - '0');
     return at;

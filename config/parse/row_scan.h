@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 
-// A place in a text. Each call that finds what it looks for moves on behind it and returns true; otherwise it
+// A place in a text. Each call that finds what it looks for moves on past it and returns true; otherwise it
 // returns false, stores nothing, and scanning is over.
 class EboScanner {
 public:
@@ -26,6 +26,6 @@ private:
     const char* at_;
 };
 
-// "%d,%d ...": up to `count` integers with a comma directly behind each. Those that the text does not supply
+// "%d,%d ...": up to `count` integers with a comma directly after each. Those that the text does not supply
 // are left as they were.
 void eboScanIntList(EboScanner& scanner, int32_t* out, size_t count);

@@ -91,7 +91,7 @@ int KAJsonParser::parseFile(const char* path) {
         return 0;
     }
     json_tokener_set_flags(tokener.get(), JSON_TOKENER_STRICT | JSON_TOKENER_VALIDATE_UTF8);
-    // With the null behind the text: what ends too early is an error, not to be continued.
+    // With the null after the text: what ends too early is an error, not to be continued.
     document_ = json_tokener_parse_ex(tokener.get(), text.c_str(), static_cast<int>(text.size()) + 1);
     if (json_object_is_type(document_, json_type_object)) return 1;
 
