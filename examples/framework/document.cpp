@@ -21,6 +21,22 @@ json_object* find(json_object* object, const char* key) {
     return value;
 }
 
+// Names are C strings to json-c, so that one with \u0000 inside would stand for the part before it.
+bool hasNameWithNul(const std::string& text) {
+    size_t at = 0;
+    while ((at = text.find('"', at)) != std::string::npos) {
+        bool nul = false;
+        for (++at; at < text.size() && text[at] != '"'; ++at) {
+            if (text[at] != '\\') continue;
+            nul |= text.compare(at, 6, "\\u0000") == 0;
+            ++at;
+        }
+        at = text.find_first_not_of(" \t\r\n", at + 1);
+        if (nul && at != std::string::npos && text[at] == ':') return true;
+    }
+    return false;
+}
+
 void report(const char* path, const char* reason) {
     ka_err(0, 2, "KAJsonParser", "%s: %s", "parseFile", __LINE__, path, reason);
 }
@@ -93,16 +109,17 @@ int KAJsonParser::parseFile(const char* path) {
     json_tokener_set_flags(tokener.get(), JSON_TOKENER_STRICT | JSON_TOKENER_VALIDATE_UTF8);
     // With the null after the text: what ends too early is an error, not to be continued.
     document_ = json_tokener_parse_ex(tokener.get(), text.c_str(), static_cast<int>(text.size()) + 1);
-    if (json_object_is_type(document_, json_type_object)) return 1;
-
     const json_tokener_error error = json_tokener_get_error(tokener.get());
-    report(path, error == json_tokener_success ? "is not an object" : json_tokener_error_desc(error));
+    const bool nul = hasNameWithNul(text);
+    if (error == json_tokener_success && !nul) return 1;
+    report(path, nul ? "has a name with \\u0000 inside" : json_tokener_error_desc(error));
     json_object_put(document_);
     document_ = nullptr;
     return 0;
 }
 
 int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* out) {
+    if (out == nullptr) return 0;
     json_object* const keys = find(find(document_, root), section);
     const bool found = json_object_is_type(keys, json_type_object);
     json_object_put(out->section_);

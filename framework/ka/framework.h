@@ -6,24 +6,14 @@
 // one thread at a time; different parsers never disturb each other. Nothing here throws.
 #pragma once
 
+#include <ka/embedded_document.h>
+
 #include <cstddef>
 #include <cstdint>
 
 #pragma GCC visibility push(default)
 
 #define KA_NULL nullptr
-
-class KAJsonTable;
-struct KaJsonEntry;
-enum class KaJsonKind : uint8_t;
-
-// The default framework's own: entries of a document side by side, and how to look them up.
-struct KaJsonSiblings {
-    const KaJsonEntry* begin = nullptr;
-    const KaJsonEntry* end = nullptr;
-    const KaJsonEntry* next = nullptr;  // behind the last one found: names mostly come in file order
-    bool repeat = false;                // two of them may have the same name; `next` stays at `end` then
-};
 
 // The keys and values of one section. Made empty on its user's stack, filled by KAJsonParser::getOptions.
 // This framework's is a view into the parser, without memory of its own: it ends with the parser.
@@ -38,22 +28,21 @@ public:
     // type: findInt32 takes a JSON integer that fits 32 bits (not 1.0, 1e3, true or "1"); findFloat any JSON
     // number, as the nearest float (1e400 is infinity, 1e-400 is 0); findCString a JSON string, as UTF-8
     // ending in NUL (one with \u0000 inside ends there). Otherwise, and for a null key, false, and *out is
-    // left alone. Of several equal keys the last one in the file counts. The text belongs to the record and
-    // lives as long as it (this framework's no longer than the parser).
+    // left alone. Of several equal keys the last one in the file counts. A name with \u0000 inside is equal
+    // to no key. The text belongs to the record and lives as long as it (this framework's no longer than the
+    // parser).
     bool findInt32(const char* key, int* out) const;
     bool findFloat(const char* key, float* out) const;
     bool findCString(const char* key, const char** out) const;
 
 private:
     friend class KAJsonParser;
-    const KaJsonEntry* find(const char* key, KaJsonKind kind) const;
-
-    const char* text_ = nullptr;
-    mutable KaJsonSiblings keys_;
+    mutable KaJsonSection section_;
 };
 
 // One tuning file: a JSON object of named roots, each an object of named sections, each an object of keys.
-// This framework's takes strict JSON (RFC 8259), UTF-8 without a byte order mark, in regular files of up to 64 MiB.
+// This framework's takes strict JSON (RFC 8259), UTF-8 without a byte order mark, in regular files of up to 64 MiB. It
+// refuses half a surrogate pair in an escape, which is no text, since findCString promises UTF-8.
 class KAJsonParser {
 public:
     KAJsonParser();
@@ -61,30 +50,20 @@ public:
     KAJsonParser(const KAJsonParser&) = delete;
     KAJsonParser& operator=(const KAJsonParser&) = delete;
 
-    // Reads the file and closes it again. Non-zero on success. 0 when it cannot be read or is not JSON, or
-    // `path` is null: the framework itself reports the reason, its callers do not, and the document is empty.
+    // Reads the file and closes it again. Non-zero on success, also when the document is JSON but no object: then
+    // every section of it is missing, which the callers report. 0 when it cannot be read or is not JSON, or `path` is
+    // null: the framework itself reports the reason, its callers do not, and the document is empty. A framework
+    // whose names cannot hold \u0000 refuses a file with such a name, or it would stand for a shorter one.
     int parseFile(const char* path);
 
     // Fills *out with the keys of the section in place of what it held; *out becomes empty when root or
-    // section is missing, not an object, or null. Non-zero when the section was found, but callers go by the
-    // record alone.
+    // section is missing, not an object, or null. Where `out` is null nothing happens. Non-zero when the section
+    // was found, otherwise 0, but callers go by the record alone.
     int getOptions(const char* root, const char* section, KaMetaData* out);
 
 private:
     friend class KAJsonTable;
-    void close();
-    void report(const char* path) const;
-    const KaJsonEntry* findSection(const char* root, const char* section);
-
-    char* text_ = nullptr;               // the file, strings decoded in place
-    KaJsonEntry* entries_ = nullptr;     // roots, sections and keys
-    uint32_t count_ = 0;                 // of entries
-    const KaJsonEntry* root_ = nullptr;  // the one that was asked for last, and its sections
-    KaJsonSiblings sections_;
-    const char* error_ = nullptr;  // why parseFile failed
-    int error_errno_ = 0;
-    uint32_t error_line_ = 0;
-    uint32_t error_column_ = 0;
+    KaJsonDocument document_;
 };
 
 #if defined(__GNUC__)

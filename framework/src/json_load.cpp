@@ -37,11 +37,34 @@ inline void Reader::ScanCopyUnescapedString(TextStream& stream, TextStream&) {
     stream.dst_ += length;
 }
 
+namespace {
+
+// The first escape in the string at `at` that is the second half of a surrogate pair without the first, which the
+// reader would go past; null when there is none.
+char* loneSecondHalf(char* at) {
+    for (; *at != '"' && *at != '\0'; ++at) {
+        if (*at != '\\' || *++at != 'u' || (at[1] | 0x20) != 'd') continue;
+        if (strchr("89abAB", at[2])) {
+            at += 6;  // first half; whether the second follows is the reader's to say
+        } else if (at[2] > '7') {
+            return at - 1;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
 // The reader's own way with strings, out of the way of the quick one.
 template <>
 template <>
 [[gnu::noinline]] void Reader::ParseString<kIterative>(TextStream& stream, TableBuilder& builder,
                                                        bool is_key) {
+    char* const half = loneSecondHalf(stream.src_ + 1);
+    if (half) {
+        const auto offset = reinterpret_cast<size_t>(half);
+        RAPIDJSON_PARSE_ERROR(rj::kParseErrorStringUnicodeSurrogateInvalid, offset);
+    }
     ParseString<kReadersOwn>(stream, builder, is_key);
 }
 

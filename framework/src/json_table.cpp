@@ -3,9 +3,9 @@
 #include "json_entry.h"
 
 bool KAJsonTable::next(KaJsonItem* item) {
-    if (index_ == parser_.count_) return false;
-    const KaJsonEntry& entry = parser_.entries_[index_];
-    const uint32_t end = static_cast<uint32_t>(entry.sibling() - parser_.entries_);
+    if (index_ == parser_.document_.count) return false;
+    const KaJsonEntry& entry = parser_.document_.entries[index_];
+    const uint32_t end = static_cast<uint32_t>(entry.sibling() - parser_.document_.entries);
     if (index_ >= root_end_) {
         item->level = 1;
         root_end_ = end;
@@ -16,11 +16,11 @@ bool KAJsonTable::next(KaJsonItem* item) {
         item->level = 3;
     }
     const bool has_text = entry.kind() == KaJsonKind::kString || entry.kind() == KaJsonKind::kNumber;
-    item->name = parser_.text_ + entry.name;
+    item->name = parser_.document_.text + entry.name;
     item->name_length = entry.name_length;
     item->name_offset = entry.name;
     item->kind = entry.kind();
-    item->value = has_text ? parser_.text_ + entry.value : nullptr;
+    item->value = has_text ? parser_.document_.text + entry.value : nullptr;
     item->value_length = has_text ? entry.extent() : 0;
     item->value_offset = entry.value;
     item->index = index_++;
@@ -28,7 +28,8 @@ bool KAJsonTable::next(KaJsonItem* item) {
 }
 
 KaJsonError KAJsonTable::error() const {
-    return {parser_.error_, parser_.error_errno_, parser_.error_line_, parser_.error_column_};
+    const KaJsonDocument& document = parser_.document_;
+    return {document.error, document.error_errno, document.error_line, document.error_column};
 }
 
 KaTextPosition ka_text_position(const char* text, size_t offset) {

@@ -53,34 +53,35 @@ bool shortDecimal(const char* at, const char* end, float* out) {
     return value;
 }
 
-}  // namespace
-
-[[gnu::always_inline]] inline const KaJsonEntry* KaMetaData::find(const char* key, KaJsonKind kind) const {
+[[gnu::always_inline]] inline const KaJsonEntry* find(KaJsonSection* section, const char* key,
+                                                      KaJsonKind kind) {
     if (!key) return nullptr;
-    const KaJsonEntry* const entry = findSibling<true>(&keys_, key, text_);
+    const KaJsonEntry* const entry = findSibling<true>(&section->keys, key, section->text);
     return entry && entry->kind() == kind ? entry : nullptr;
 }
 
+}  // namespace
+
 bool KaMetaData::findInt32(const char* key, int* out) const {
-    const KaJsonEntry* const entry = find(key, KaJsonKind::kNumber);
+    const KaJsonEntry* const entry = find(&section_, key, KaJsonKind::kNumber);
     if (!entry) return false;
-    const char* const begin = text_ + entry->value;
+    const char* const begin = section_.text + entry->value;
     const char* const end = begin + entry->extent();
     return shortInteger(begin, end, out) || anyInteger(begin, end, out);
 }
 
 bool KaMetaData::findFloat(const char* key, float* out) const {
-    const KaJsonEntry* const entry = find(key, KaJsonKind::kNumber);
+    const KaJsonEntry* const entry = find(&section_, key, KaJsonKind::kNumber);
     if (!entry) return false;
-    const char* const begin = text_ + entry->value;
+    const char* const begin = section_.text + entry->value;
     const char* const end = begin + entry->extent();
     if (!shortDecimal(begin, end, out)) *out = anyNumber(begin, end);
     return true;
 }
 
 bool KaMetaData::findCString(const char* key, const char** out) const {
-    const KaJsonEntry* entry = find(key, KaJsonKind::kString);
+    const KaJsonEntry* entry = find(&section_, key, KaJsonKind::kString);
     if (!entry) return false;
-    *out = text_ + entry->value;
+    *out = section_.text + entry->value;
     return true;
 }

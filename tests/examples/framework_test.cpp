@@ -32,17 +32,27 @@ void PrintTo(const Row& row, std::ostream* out) {
 
 class ExampleFramework : public testing::TestWithParam<Row> {};
 
-INSTANTIATE_TEST_SUITE_P(, ExampleFramework,
-                         testing::Values(Row{"Object", R"({"r": {}})", ""},
-                                         Row{"Empty", "", "unexpected end of data"},
-                                         Row{"Cut", R"({"r": {"s")", "unexpected end of data"},
-                                         Row{"Number", "12", "is not an object"},
-                                         Row{"Null", "null", "is not an object"},
-                                         Row{"BraceTooMany", "{}}", "unexpected character"}));
+INSTANTIATE_TEST_SUITE_P(
+    , ExampleFramework,
+    testing::Values(Row{"Object", R"({"r": {}})", ""}, Row{"Empty", "", "unexpected end of data"},
+                    Row{"Cut", R"({"r": {"s")", "unexpected end of data"}, Row{"Number", "12", ""},
+                    Row{"Null", "null", ""}, Row{"Array", "[]", ""},
+                    Row{"NulInText", R"({"r": {"s": {"k": "a\u0000b"}}})", ""},
+                    Row{"EscapedBackslashInName", R"({"a\\u0000": 1})", ""},
+                    Row{"NulInName", R"({"r": {"s": {"k\u0000" : 1}}})", "has a name with \\u0000 inside"},
+                    Row{"NulAfterQuoteInName", R"({"a": "b", "\"\u0000": 1})",
+                        "has a name with \\u0000 inside"},
+                    Row{"BraceTooMany", "{}}", "unexpected character"}));
 
 TEST_P(ExampleFramework, SaysWhyItTakesNoFile) {
     Host host;
     EXPECT_EQ(complaint(host.file(GetParam().text).c_str()), GetParam().complaint);
+}
+
+TEST(ExampleFrameworkSection, HasNothingToFillWithoutARecord) {
+    Host host;
+    Document document(host, R"({"r": {"s": {"k": 1}}})");
+    EXPECT_EQ(document.parser()->getOptions("r", "s", nullptr), 0);
 }
 
 TEST(ExampleFrameworkFile, MustBeARegularOne) {

@@ -39,8 +39,8 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"\xE2\x82\xAC and \xF0\x9D\x84\x9E.", "\xE2\x82\xAC and \xF0\x9D\x84\x9E."},
         Row{"\\n\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E!", "\n\xC3\xA4\xE2\x82\xAC\xF0\x9D\x84\x9E!"},
         Row{"\xED\x9F\xBF\xEE\x80\x80\xF4\x8F\xBF\xBF", "\xED\x9F\xBF\xEE\x80\x80\xF4\x8F\xBF\xBF"},
-        // The grammar allows half a pair if it is the second; its bytes are handed on.
-        Row{R"(\uDD1E)", "\xED\xB4\x9E"}));
+        Row{R"(\ud7ff\ue000\uDBFF\uDFFF)", "\xED\x9F\xBF\xEE\x80\x80\xF4\x8F\xBF\xBF"},
+        Row{R"(\\udd1e)", "\\udd1e"}));
 
 // In front of the special one, every number of plain characters that a word may hold and more.
 TEST(StringRuns, EndAtEverySpecialCharacterWhereverItStands) {

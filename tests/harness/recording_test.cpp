@@ -108,6 +108,7 @@ TEST(Recording, LooksKeysUpByType) {
     KaMetaData meta;
     EXPECT_FALSE(document.parser()->getOptions("root", "other", &meta));
     EXPECT_FALSE(meta.findInt32("whole", &whole));
+    EXPECT_FALSE(document.parser()->getOptions("root", "section", nullptr));
     EXPECT_TRUE(document.parser()->getOptions("root", "section", &meta));
     EXPECT_FALSE(meta.findInt32("real", &whole));
     EXPECT_FALSE(meta.findInt32("big", &whole));
@@ -128,7 +129,6 @@ TEST(Recording, RejectsWhatIsNoDocument) {
     KAJsonParser parser;
     EXPECT_FALSE(parser.parseFile("no such file"));
     EXPECT_FALSE(parser.parseFile(host.file("{").c_str()));
-    EXPECT_FALSE(parser.parseFile(host.file("[]").c_str()));
     EXPECT_TRUE(parser.parseFile(host.file("{}").c_str()));
 }
 
@@ -142,7 +142,7 @@ TEST(Recording, SaysOfSuccessWhatItIsToldTo) {
     EXPECT_EQ(parser.getOptions("root", "section", &meta), 0);
     int value = 0;
     EXPECT_TRUE(meta.findInt32("key", &value));
-    EXPECT_EQ(parser.parseFile(host.file("[]").c_str()), 0);
+    EXPECT_EQ(parser.parseFile(host.file("[").c_str()), 0);
 }
 
 TEST(Recording, KeepsTheFormatBesideTheText) {

@@ -4,7 +4,9 @@
 #include "documents.h"
 #include "harness/expect.h"
 
+using testing::AnyOf;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace {
@@ -70,6 +72,34 @@ TEST_P(EveryEntryPoint, GivesUpInSilenceOnAMissingFile) {
 TEST_P(EveryEntryPoint, GivesUpInSilenceOnABrokenFile) {
     Host host;
     expectRejected(GetParam(), host, host.file(completeDocument().substr(1)));
+}
+
+// Whether a load of the text gives a record, and what it says.
+std::string outcome(const EntryPoint& entry, const std::string& text) {
+    Host host;
+    const std::string path = host.file(text);
+    if (KAJsonParser().parseFile(path.c_str()) == 0) return "refused";
+    if (entry.leaks > 0) host.expectLeaks(entry.leaks);
+    std::string said = entry.loads(path.c_str()) ? "loads" : "";
+    for (const LogCall& line : host.log()) said += line.text;
+    return said;
+}
+
+TEST_P(EveryEntryPoint, MissesEverySectionOfADocumentOrARootThatIsNoObject) {
+    const std::string missing = outcome(GetParam(), "{}");
+    EXPECT_THAT(missing, HasSubstr(" failed"));
+    for (const char* text : {"[]", "7", "\"ebo_configs\"", "null", "true", R"([{"ebo_configs": {}}])",
+                             R"({"ebo_configs": [], "ebo_ao_configs": 7, "ebo_agc_configs": "agc"})",
+                             R"({"ebo_configs": null, "ebo_ao_configs": {}, "ebo_agc_configs": true})"})
+        EXPECT_EQ(outcome(GetParam(), text), missing) << text;
+}
+
+// A framework takes no such name, or keeps it apart from the one before the zero.
+TEST_P(EveryEntryPoint, TakesNoKeyForOneThatGoesOnAfterAZero) {
+    std::string text = completeDocument();
+    for (size_t at = 0; (at = text.find("\"status\"", at)) != std::string::npos; at += 8)
+        text.replace(at, 8, R"("status\u0000")");
+    EXPECT_THAT(outcome(GetParam(), text), AnyOf("refused", outcome(GetParam(), "{}")));
 }
 
 TEST_P(EveryEntryPoint, TakesWhateverIsNotZeroForSuccess) {

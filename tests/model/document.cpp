@@ -1,6 +1,5 @@
 #include "model/document.h"
 
-#include <cstring>
 #include <nlohmann/json.hpp>
 #include <vector>
 
@@ -20,7 +19,6 @@ public:
 
     Value document;
     bool overflow = false;    // the reading ended at a number that is too large
-    bool half_pair = false;   // ... or at an escape that the JSON library refuses
     size_t overflow_end = 0;  // offset behind it
     std::string overflow_text;
     size_t numbers = 0;  // read so far
@@ -69,7 +67,6 @@ public:
     }
     bool parse_error(size_t position, const std::string& token, const json::exception& error) override {
         overflow = error.id == 406;
-        half_pair = std::strstr(error.what(), "surrogate U+DC00..U+DFFF must follow") != nullptr;
         overflow_end = position;
         overflow_text = token;
         return false;
@@ -101,8 +98,7 @@ private:
 
 }  // namespace
 
-std::optional<Value> readDocument(const std::string& bytes, bool* unknown) {
-    *unknown = false;
+std::optional<Value> readDocument(const std::string& bytes) {
     // The JSON library passes over the one and takes the other for the end of the text.
     if (bytes.compare(0, 3, "\xEF\xBB\xBF") == 0 || bytes.find('\0') != std::string::npos)
         return std::nullopt;
@@ -111,7 +107,6 @@ std::optional<Value> readDocument(const std::string& bytes, bool* unknown) {
     for (;;) {
         Builder builder(huge);
         if (json::sax_parse(text, &builder)) return std::move(builder.document);
-        *unknown = builder.half_pair;
         if (!builder.overflow) return std::nullopt;
         const size_t size = builder.overflow_text.size();
         huge[builder.numbers] = builder.overflow_text;

@@ -18,9 +18,7 @@ struct Value {
 };
 
 // The document down to the keys of its sections; what lies deeper is left out. Of members of one name the last
-// one counts. Nothing when the bytes are not one JSON value in UTF-8. Sets *unknown when the model cannot tell: an
-// escape is the second half of a surrogate pair without the first, which the grammar allows and this JSON library
-// does not.
-std::optional<Value> readDocument(const std::string& bytes, bool* unknown);
+// one counts. Nothing when the bytes are not one JSON value in UTF-8.
+std::optional<Value> readDocument(const std::string& bytes);
 
 }  // namespace model

@@ -39,9 +39,7 @@ struct Totals {
 
 void expectAsModelled(const std::string& text, Totals& totals) {
     const MemoryFile file(text);
-    bool unknown = false;
-    const std::optional<Value> document = readDocument(text, &unknown);
-    if (unknown) return;
+    const std::optional<Value> document = readDocument(text);
     for (const Loader loader : kLoaders) {
         Expectation expected;
         expect(loader, document, expected);
@@ -118,8 +116,7 @@ TEST(ModelDeathTest, MapsOfTooManyChannelsEndTheProcess) {
     int aborting = 0;
     while (aborting < 20) {
         const std::string text = edited(documentOf(texts[chooser.below(texts.size())]), chooser);
-        bool unknown = false;
-        const std::optional<Value> document = readDocument(text, &unknown);
+        const std::optional<Value> document = readDocument(text);
         for (const Loader loader : {Loader::Full, Loader::Aec}) {
             Expectation expected;
             expect(loader, document, expected);

@@ -111,12 +111,13 @@ KAJsonParser::~KAJsonParser() {
 
 int KAJsonParser::parseFile(const char* path) {
     document_->root = parse(path);
-    const bool accepted = document_->root.is_object();
+    const bool accepted = !document_->root.is_discarded();
     record(Op::ParseFile, path, accepted);
     return accepted ? success(&Recorder::file_result) : 0;
 }
 
 int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* out) {
+    if (!out) return 0;
     const json* const object = find(document_->root, root);
     const json* const keys = object ? find(*object, section) : nullptr;
     const bool found = keys && keys->is_object();

@@ -28,7 +28,7 @@ private:
     json_object* section_ = nullptr;
 };
 
-// One tuning file, as a tree of json-c: strict, UTF-8, up to 32 levels deep.
+// One tuning file, as a tree of json-c: strict, UTF-8, up to 32 levels deep, no \u0000 in names.
 class KAJsonParser {
 public:
     KAJsonParser() = default;
