@@ -16,6 +16,11 @@
 #define EBO_INFO 0x1818180AU, 5, "KAAEboConfig"
 #define EBO_HERE __func__, __LINE__
 
+// A field for "%d": int32_t is not int everywhere.
+constexpr int eboAsInt(int32_t value) {
+    return static_cast<int>(value);
+}
+
 // Terminal colours stand in the format itself.
 #define EBO_RED(text) "\x1b[31m\x1b[1m" text "\x1b[0m"
 #define EBO_GREEN(text) "\x1b[32m\x1b[1m" text "\x1b[0m"

@@ -4,10 +4,12 @@
 void dumpEboAecConfig(EboAecParam* aec) {
     if (aec == KA_NULL) return;
     eboLogLine("********************* AEC Configs dump ******************", EBO_HERE);
-    ka_log(EBO_INFO, "pos = %d, drop_ref_channel = %d", EBO_HERE, aec->pos, aec->drop_ref_channel);
+    ka_log(EBO_INFO, "pos = %d, drop_ref_channel = %d", EBO_HERE, eboAsInt(aec->pos),
+           eboAsInt(aec->drop_ref_channel));
     // No comma before filter_len, on purpose.
     ka_log(EBO_INFO, "model_aec_en = 0x%x, delay_len = %d, look_ahead = %d filter_len = %d", EBO_HERE,
-           static_cast<unsigned int>(aec->model_aec_en), aec->delay_len, aec->look_ahead, aec->filter_len);
+           static_cast<unsigned int>(aec->model_aec_en), eboAsInt(aec->delay_len), eboAsInt(aec->look_ahead),
+           aec->filter_len);
     if ((aec->model_aec_en & EBO_AEC_DELAY) != 0) {
         eboLogLine("delay:", EBO_HERE);
         eboLogLine("   enabled", EBO_HERE);

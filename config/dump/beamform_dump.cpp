@@ -86,17 +86,17 @@ void dumpSwitch(const char* heading, const char* function) {
 // Colons here and in dumpAinr(), on purpose.
 void dumpWakeup(const EboWakeupParam& wakeup, const char* function) {
     dumpSwitch("wakeup:", function);
-    ka_log(EBO_INFO, "   wakeup_frames: %d", function, __LINE__, wakeup.wakeup_frames);
-    ka_log(EBO_INFO, "   wakeup_words: %d", function, __LINE__, wakeup.wakeup_words);
-    ka_log(EBO_INFO, "   mode: %d", function, __LINE__, wakeup.mode);
+    ka_log(EBO_INFO, "   wakeup_frames: %d", function, __LINE__, eboAsInt(wakeup.wakeup_frames));
+    ka_log(EBO_INFO, "   wakeup_words: %d", function, __LINE__, eboAsInt(wakeup.wakeup_words));
+    ka_log(EBO_INFO, "   mode: %d", function, __LINE__, eboAsInt(wakeup.mode));
     ka_log(EBO_INFO, "   word1: %s", function, __LINE__, wakeup.model_word1);
     ka_log(EBO_INFO, "   word2: %s", function, __LINE__, wakeup.model_word2);
 }
 
 void dumpDereverb(const EboDereverbParam& dereverb, const char* function) {
     eboLogLine("dereverb:", function, __LINE__);
-    ka_log(EBO_INFO, "   rlsLg = %d, curveLg = %d, delay = %d", function, __LINE__, dereverb.rlsLg,
-           dereverb.curveLg, dereverb.delay);
+    ka_log(EBO_INFO, "   rlsLg = %d, curveLg = %d, delay = %d", function, __LINE__, eboAsInt(dereverb.rlsLg),
+           eboAsInt(dereverb.curveLg), eboAsInt(dereverb.delay));
     ka_log(EBO_INFO, "   forgetting = %f, t60 = %f, coCoeff = %f", function, __LINE__, dereverb.forgetting,
            dereverb.t60, dereverb.coCoeff);
 }
@@ -120,8 +120,8 @@ void dumpAgc(const EboAgcParam& agc, const char* function) {
            agc.fRth2);
     // The third label is the second's, on purpose.
     ka_log(EBO_INFO, "   fRk0 = %f, fRk1 = %f, fRk1 = %f", function, __LINE__, agc.fRk0, agc.fRk1, agc.fRk2);
-    ka_log(EBO_INFO, "   swSmL0 = %d, swSmL1 = %d, swSmL2 = %d", function, __LINE__, agc.swSmL0, agc.swSmL1,
-           agc.swSmL2);
+    ka_log(EBO_INFO, "   swSmL0 = %d, swSmL1 = %d, swSmL2 = %d", function, __LINE__, eboAsInt(agc.swSmL0),
+           eboAsInt(agc.swSmL1), eboAsInt(agc.swSmL2));
 }
 
 void dumpCng(const EboCngParam& cng, const char* function) {
@@ -156,10 +156,10 @@ void dumpEboBeamFormConfig(EboBeamFormParam* bf) {
     if (bf == KA_NULL) return;
     eboLogLine("****************** BeamForm Configs dump ******************", EBO_HERE);
     ka_log(EBO_INFO, "model_en = 0x%x, ref_pos = %d", EBO_HERE, static_cast<unsigned int>(bf->model_en),
-           bf->ref_pos);
-    ka_log(EBO_INFO, "targ = %d", EBO_HERE, bf->targ);
-    ka_log(EBO_INFO, "num_ref_channel = %d, drop_ref_channel = %d", EBO_HERE, bf->num_ref_channel,
-           bf->drop_ref_channel);
+           eboAsInt(bf->ref_pos));
+    ka_log(EBO_INFO, "targ = %d", EBO_HERE, eboAsInt(bf->targ));
+    ka_log(EBO_INFO, "num_ref_channel = %d, drop_ref_channel = %d", EBO_HERE, eboAsInt(bf->num_ref_channel),
+           eboAsInt(bf->drop_ref_channel));
 
     const auto on = [mask = bf->model_en](int32_t bit) { return (mask & bit) != 0; };
     const char* const function = __func__;

@@ -5,7 +5,7 @@
 // Two lines lack a comma before their last item and PrioriMin is printed twice, on purpose.
 void eboDumpAnr(const EboAnrParam& anr, const char* function) {
     eboLogLine("anr:", function, __LINE__);
-    ka_log(EBO_INFO, "   noiseFactor = %f, swU = %d", function, __LINE__, anr.noiseFactor, anr.swU);
+    ka_log(EBO_INFO, "   noiseFactor = %f, swU = %d", function, __LINE__, anr.noiseFactor, eboAsInt(anr.swU));
     ka_log(EBO_INFO, "   psiMin = %f, psiMax = %f, fGmin = %f", function, __LINE__, anr.psiMin, anr.psiMax,
            anr.fGmin);
     ka_log(EBO_INFO, "   Sup_Freq1 = %d, Sup_Freq2 = %d, Sup_Energy1 = %f Sup_Energy2 = %f", function,
@@ -19,8 +19,8 @@ void eboDumpAnr(const EboAnrParam& anr, const char* function) {
     ka_log(EBO_INFO, "   PrioriMin = %f, PrioriMin = %f, PostMax = %f, PrioriRatio = %f, PrioriRatioLow = %f",
            function, __LINE__, anr.PrioriMin, anr.PrioriMin, anr.PostMax, anr.PrioriRatio,
            anr.PrioriRatioLow);
-    ka_log(EBO_INFO, "   SplitBand = %d, PrioriSmooth = %f, TranMode = %d", function, __LINE__, anr.SplitBand,
-           anr.PrioriSmooth, anr.TranMode);
+    ka_log(EBO_INFO, "   SplitBand = %d, PrioriSmooth = %f, TranMode = %d", function, __LINE__,
+           eboAsInt(anr.SplitBand), anr.PrioriSmooth, anr.TranMode);
 }
 
 void eboDumpHowl(const EboHowlParam& howl, const char* function) {

@@ -12,7 +12,7 @@ void reviewWords(const EboWakeupParam& wakeup, const char* function) {
 
 // The list offers mode 0 and the check refuses it, on purpose.
 void reviewMode(const EboWakeupParam& wakeup, const char* function) {
-    const int32_t mode = wakeup.mode;
+    const int mode = eboAsInt(wakeup.mode);
     if (mode < 1 || mode > 3) {
         ka_err(EBO_ERROR, EBO_RED("Invalid mode: %d, please check mode follow these:"), function, __LINE__,
                mode);

@@ -17,7 +17,7 @@ constexpr const EboSection* kGainControl[] = {&kEboAgcSection};
 
 // Where a section's record goes, and the mask that its reader is handed.
 struct Place {
-    int* mask;
+    int32_t* mask;
     void* container;
     size_t slot;
 };
@@ -36,7 +36,9 @@ Place placeOf(const EboLoad& load, const EboSection& section, KAEboParam* ebo) {
 
 // Slots are typed pointers, so they are not written through a `void**`.
 bool readInto(const Place& place, const char* root, void* parser, const EboSection& section) {
-    void* const record = eboReadSection(parser, root, place.mask, section);
+    int mask = eboAsInt(*place.mask);  // a reader takes an int, which int32_t is not everywhere
+    void* const record = eboReadSection(parser, root, &mask, section);
+    *place.mask = mask;
     if (section.recordSize > 0)
         std::memcpy(static_cast<char*>(place.container) + place.slot, &record, sizeof(record));
     return record != KA_NULL;

@@ -5,6 +5,10 @@
 
 #include "row_scan.h"
 
+#if defined(__STRICT_ANSI__) && !defined(_GNU_SOURCE)
+extern "C" char* strdup(const char* text);  // not ISO C, so a strict library hides it
+#endif
+
 namespace {
 
 // A section while it is being read. Lives on its reader's stack.
