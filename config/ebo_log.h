@@ -11,6 +11,8 @@
 
 #include <ka/framework.h>
 
+#include <cstdint>
+
 #define EBO_ERROR 0x1818180AU, 2, "KAAEboConfig"
 #define EBO_NOTICE 0x1818180AU, 4, "KAAEboConfig"
 #define EBO_INFO 0x1818180AU, 5, "KAAEboConfig"

@@ -4,6 +4,7 @@
 #include "ebo_parse.h"
 #include "row_scan.h"
 #include "section_reader.h"
+#include "section_table.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ constexpr EboKeyRow kAecKeys[] = {
     AEC(delay_len, "find aec delay_len failed"),
     AEC(look_ahead, "find aec look_ahead failed"),
     AEC(filter_len, "find aec filter_len failed"),
-    EBO_NO_KEY(EboAecParam, pos, 0),
+    EBO_NO_KEY(EboAecParam, pos),
 };
 
 #define DELAY(field, text) EBO_NUMBER(EboDelayParam, field, text)
@@ -56,18 +57,20 @@ constexpr EboKeyRow kDelayKeys[] = {
     DELAY(StartFreq, "find delay StartFreq failed"),
     DELAY(EndFreq, "find delay EndFreq failed"),
     DELAY(SmoothFactor, "find delay SmoothFactor failed"),
-    EBO_NO_KEY(EboDelayParam, LeastDelay, 0),  // on purpose: it is printed, but no key fills it
+    EBO_NO_KEY(EboDelayParam, LeastDelay),  // on purpose: it is printed, but no key fills it
 };
 // clang-format on
 
 }  // namespace
 
 // clang-format off
-constexpr EboSection kEboAecSection = EBO_SECTION("aec", parseEboAecConfigs, kAecKeys, EboAecParam, EBO_PATH_AEC, Root, offsetof(KAEboParam, aec), "aec != KA_NULL")
+constexpr EboSection kEboAecSection = EBO_SECTION("aec", parseEboAecConfigs, kAecKeys, EboAecParam, EBO_PATH_AEC, Root, KAEboParam, aec, "aec != KA_NULL")
     .disabled(EboDisabled::IsRead, "aec: not enable").with(takeChannelMap);
+EBO_SOUND(kEboAecSection);
 // On purpose, unlike other sections, a disabled one is not read further and leaves no record.
-constexpr EboSection kEboDelaySection = EBO_SECTION("delay", parseEboDelayConfigs, kDelayKeys, EboDelayParam, EBO_AEC_DELAY, EchoCanceller, offsetof(EboAecParam, delay), "delay != KA_NULL")
+constexpr EboSection kEboDelaySection = EBO_SECTION("delay", parseEboDelayConfigs, kDelayKeys, EboDelayParam, EBO_AEC_DELAY, EchoCanceller, EboAecParam, delay, "delay != KA_NULL")
     .disabled(EboDisabled::LeavesNoRecord, "delay: not enable").isOptional();
+EBO_SOUND(kEboDelaySection);
 // clang-format on
 
 // A failure after the channel map was read leaks the map on purpose: only the record's own block is released.

@@ -1,6 +1,7 @@
 // Sections "wakeup", "doa" and "howl": wake-up, direction of arrival, howling suppression.
 #include "ebo_parse.h"
 #include "section_reader.h"
+#include "section_table.h"
 
 namespace {
 
@@ -64,9 +65,12 @@ constexpr EboKeyRow kHowlKeys[] = {
 // Reads its keys by the bit in the mask, on purpose not by its own status: a bit that was set before counts too.
 constexpr EboSection kEboWakeupSection = EBO_MODULE("wakeup", parseEboWakeupConfigs, kWakeupKeys, EboWakeupParam, EBO_BF_WAKEUP, wakeup, "wakeup != KA_NULL")
     .disabled(EboDisabled::GoesByMask).isOptional().with(reviewWakeup);
+EBO_SOUND(kEboWakeupSection);
 constexpr EboSection kEboDoaSection = EBO_MODULE("doa", parseEboDoaConfigs, kDoaKeys, EboDoaParam, EBO_BF_DOA, doa, "doa != KA_NULL");
+EBO_SOUND(kEboDoaSection);
 constexpr EboSection kEboHowlSection = EBO_MODULE("howl", parseEboHowlConfigs, kHowlKeys, EboHowlParam, EBO_BF_HOWL, howl, "howl != KA_NULL")
-    .onPlayback(EBO_RX_HOWL, offsetof(EboRxParam, howl));
+    .onPlayback(EBO_RX_HOWL, EBO_SLOT(EboHowlParam, EboRxParam, howl));
+EBO_SOUND(kEboHowlSection);
 // clang-format on
 
 EboWakeupParam* parseEboWakeupConfigs(void* parser, const char* root, int* model_en) {

@@ -7,6 +7,7 @@
 #include "ebo_parse.h"
 #include "row_scan.h"
 #include "section_reader.h"
+#include "section_table.h"
 
 namespace {
 
@@ -76,9 +77,12 @@ constexpr EboKeyRow kDtdKeys[] = {
 
 // clang-format off
 constexpr EboSection kEboAesSection = EBO_MODULE("aes", parseEboAesConfigs, kAesKeys, EboAesParam, EBO_BF_AES, aes, "aes != KA_NULL");
+EBO_SOUND(kEboAesSection);
 constexpr EboSection kEboNlpSection = EBO_MODULE("nlp", parseEboNlpConfigs, kNlpKeys, EboNlpParam, EBO_BF_NLP, nlp, "nlp != KA_NULL").with(takeBands);
+EBO_SOUND(kEboNlpSection);
 // The expression does not bear the section's name, on purpose.
 constexpr EboSection kEboDtdSection = EBO_MODULE("dtd", parseEboDtdConfigs, kDtdKeys, EboDtdParam, EBO_BF_DTD, dtd, "sdtd != KA_NULL");
+EBO_SOUND(kEboDtdSection);
 // clang-format on
 
 EboAesParam* parseEboAesConfigs(void* parser, const char* root, int* model_en) {

@@ -1,6 +1,7 @@
 // The entry points that load a whole file or one part of it.
 #include <cstdlib>
 
+#include "ebo_log.h"
 #include "ebo_parse.h"
 #include "loads.h"
 #include "section_reader.h"
@@ -11,8 +12,8 @@ void freeIfSet(void* block) {
     if (block != KA_NULL) std::free(block);
 }
 
-// Releases what a failed load has built, block by block with free(). On purpose not the destroy functions:
-// the channel map, the wake-up words and the model path stay allocated.
+// Releases what a failed load has built, block by block with free(), in an order of its own. On purpose not the
+// destroy functions: the channel map, the wake-up words and the model path stay allocated.
 void abandon(KAEboParam* ebo) {
     if (EboAecParam* aec = ebo->aec; aec != KA_NULL) {
         freeIfSet(aec->delay);
@@ -88,5 +89,9 @@ EboAgcParam* parseEboAgcConfigsFile(const char* path) {
     KAJsonParser parser;
     if (parser.parseFile(path) == 0) return KA_NULL;
     makeRecord<EboAgcParam>("eboAgc != KA_NULL", EBO_HERE);  // leaked on purpose: the reader makes its own
-    return parseEboAgcConfigs(&parser, kEboLoads[kEboAgcLoad].root, KA_NULL);
+    EboBeamFormParam bf = {};                                // stands in for a container: its mask is lost
+    KAEboParam ebo = {};
+    ebo.bf = &bf;
+    eboReadSections(kEboLoads[kEboAgcLoad], &parser, &ebo);
+    return bf.agc;
 }

@@ -1,6 +1,7 @@
 #include "loads.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "section_reader.h"
 
@@ -12,6 +13,8 @@ constexpr const EboSection* kCapturePath[] = {
 #undef EBO_LIST_SECTION
 };
 constexpr size_t kEchoCanceller = 2;  // of these sections; all others are the beamformer's
+static_assert(kCapturePath[kEchoCanceller] == &kEboBfSection,
+              "the beamformer comes after the echo canceller");
 constexpr const EboSection* kPlaybackPath[] = {&kEboAnrSection, &kEboHowlSection};
 constexpr const EboSection* kGainControl[] = {&kEboAgcSection};
 
@@ -36,9 +39,7 @@ Place placeOf(const EboLoad& load, const EboSection& section, KAEboParam* ebo) {
 
 // Slots are typed pointers, so they are not written through a `void**`.
 bool readInto(const Place& place, const char* root, void* parser, const EboSection& section) {
-    int mask = eboAsInt(*place.mask);  // a reader takes an int, which int32_t is not everywhere
-    void* const record = eboReadSection(parser, root, &mask, section);
-    *place.mask = mask;
+    void* const record = eboReadSection(parser, root, place.mask, section);
     if (section.recordSize > 0)
         std::memcpy(static_cast<char*>(place.container) + place.slot, &record, sizeof(record));
     return record != KA_NULL;
@@ -46,6 +47,7 @@ bool readInto(const Place& place, const char* root, void* parser, const EboSecti
 
 }  // namespace
 
+// On purpose lenient but for the whole capture path: the others take a record that is not there.
 // clang-format off
 const EboLoad kEboLoads[] = {
     {"full", "ebo_configs", kCapturePath, std::size(kCapturePath), EboStrictness::All, 0, 0},

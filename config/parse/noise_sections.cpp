@@ -1,6 +1,7 @@
 // Sections "anr", "ainr", "dereverb", "cng" and "agc": noise, reverberation and level.
 #include "ebo_parse.h"
 #include "section_reader.h"
+#include "section_table.h"
 
 namespace {
 
@@ -81,8 +82,8 @@ constexpr EboKeyRow kAgcKeys[] = {
     AGC(swSmL0, "find agc swSmL0 failed"),
     AGC(swSmL1, "find agc swSmL1 failed"),
     AGC(swSmL2, "find agc swSmL2 failed"),
-    EBO_NO_KEY(EboAgcParam, sample_rate, 16000),
-    EBO_NO_KEY(EboAgcParam, frame_len, 256),
+    EBO_NO_KEY_BUT(EboAgcParam, sample_rate, 16000),
+    EBO_NO_KEY_BUT(EboAgcParam, frame_len, 256),
 };
 // clang-format on
 
@@ -90,13 +91,18 @@ constexpr EboKeyRow kAgcKeys[] = {
 
 // clang-format off
 constexpr EboSection kEboAnrSection = EBO_MODULE("anr", parseEboAnrConfigs, kAnrKeys, EboAnrParam, EBO_BF_ANR, anr, "anr != KA_NULL")
-    .onPlayback(EBO_RX_ANR, offsetof(EboRxParam, anr));
+    .onPlayback(EBO_RX_ANR, EBO_SLOT(EboAnrParam, EboRxParam, anr));
+EBO_SOUND(kEboAnrSection);
 // On purpose only the status is required; the model path of a section that is not enabled is not looked at.
 constexpr EboSection kEboAinrSection = EBO_MODULE("ainr", parseEboAINRConfigs, kAinrKeys, EboAiNRParam, EBO_BF_AINR, ainr, "ainr != KA_NULL")
-    .disabled(EboDisabled::LeavesZeros);
+    .disabled(EboDisabled::LeavesZeros).isReleasedByHost();
+EBO_SOUND(kEboAinrSection);
 constexpr EboSection kEboDereverbSection = EBO_MODULE("dereverb", parseEboDereverbConfigs, kDereverbKeys, EboDereverbParam, EBO_BF_DEREVERB, dereverb, "dereverb != KA_NULL");
+EBO_SOUND(kEboDereverbSection);
 constexpr EboSection kEboCngSection = EBO_MODULE("cng", parseEboCngConfigs, kCngKeys, EboCngParam, EBO_BF_CNG, cng, "cng != KA_NULL");
+EBO_SOUND(kEboCngSection);
 constexpr EboSection kEboAgcSection = EBO_MODULE("agc", parseEboAgcConfigs, kAgcKeys, EboAgcParam, EBO_BF_AGC, agc, "agc != KA_NULL");
+EBO_SOUND(kEboAgcSection);
 // clang-format on
 
 EboAnrParam* parseEboAnrConfigs(void* parser, const char* root, int* model_en) {

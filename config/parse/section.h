@@ -4,10 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <iterator>
-#include <type_traits>
 
-#include "ebo_log.h"
 #include "ebo_params.h"
 
 // What a key holds, and how it gets into the record.
@@ -30,8 +27,8 @@ enum class EboKeyKind : uint32_t {
 enum class EboIfMissing : uint32_t {
     Fails,    // the section fails; `text` is the whole log format
     Nothing,  // the field stays as it is; no `text`
-    Preset,   // the field holds the integer that `text` spells
-    NoKey,    // the same, always: no key of the file fills the field
+    Preset,   // the field holds the integer that `text` spells in digits
+    NoKey,    // no key of the file fills the field: the same, or without a `text` it stays zero
 };
 
 // One key, read top to bottom: the order of the rows is the order of the lookups and so of the error
@@ -44,7 +41,7 @@ struct EboKeyRow {
     uint32_t count : 5;   // numbers in the text
     uint32_t toCome : 3;  // rows of the same table after this one: a table is stored with its last row
     uint32_t line : 9;    // the row's own source line: the log points at the row
-    uint32_t offset : 9;  // of the field in the section's record; the number of a mask's bit
+    uint32_t offset : 9;  // of the field in the record, in the band of a list; the number of a mask's bit
 };
 
 // Which record of the tree holds a section's record, and by that the mask that takes its bit.
@@ -56,15 +53,15 @@ enum class EboContainer : uint32_t {
 
 // What the reader makes of a section that is not enabled.
 enum class EboDisabled : uint32_t {
-    IsRead,          // all of it, as of one that is
+    IsRead,          // all of it, as of one that is: on purpose it must be complete too
     LeavesZeros,     // a zero record: the keys are not looked at
     LeavesNoRecord,  // nothing
     GoesByMask,      // a zero record, unless the section's bit was set in the mask before
 };
 
 struct EboSection {
-    // What the table cannot say of a key: `text` is its value when it is a list or a map, null otherwise and when
-    // the key is missing. Called for each key of the section when its turn is over.
+    // What the table cannot say of a key. Called for each one when its turn is over; `text` is what was found of a
+    // key that holds a text, else null.
     using Special = void (*)(const EboSection& section, const EboKeyRow& row, const char* text, void* record);
 
     const char* name;       // spelling in the tuning file
@@ -78,17 +75,18 @@ struct EboSection {
     EboContainer container : 2;
     uint32_t slot : 8;  // offset of the record's pointer in its container
     // What only some sections have.
-    uint32_t playbackSlot : 8;  // the same in EboRxParam
-    uint32_t optional : 1;      // the load of a whole file goes on without it
+    uint32_t playbackSlot : 8;    // the same in EboRxParam
+    uint32_t playbackBit : 8;     // the bit in the playback mask; 0: no section of the playback path
+    uint32_t optional : 1;        // on purpose the load of a whole file goes on without it
+    uint32_t releasedByHost : 1;  // its record goes by ka_mem_safe_free when it fails
     EboDisabled whenDisabled : 2;
-    int32_t playbackBit;     // the bit in the playback mask; 0: no section of the playback path
     const char* notEnabled;  // information line about a disabled section; null: nothing is said
     Special special;         // null: the table says it all
 
-    constexpr EboSection onPlayback(int32_t itsBit, size_t itsSlot) const {
+    constexpr EboSection onPlayback(uint8_t itsBit, uint8_t itsSlot) const {
         EboSection section = *this;
         section.playbackBit = itsBit;
-        section.playbackSlot = static_cast<uint8_t>(itsSlot);
+        section.playbackSlot = itsSlot;
         return section;
     }
     constexpr EboSection disabled(EboDisabled becomes, const char* message = nullptr) const {
@@ -100,6 +98,11 @@ struct EboSection {
     constexpr EboSection isOptional() const {
         EboSection section = *this;
         section.optional = 1;
+        return section;
+    }
+    constexpr EboSection isReleasedByHost() const {
+        EboSection section = *this;
+        section.releasedByHost = 1;
         return section;
     }
     constexpr EboSection with(Special itsSpecial) const {
@@ -120,60 +123,27 @@ EBO_SECTIONS(EBO_DECLARE_SECTION)
 #undef EBO_DECLARE_SECTION
 // clang-format on
 
-// The field's type chooses the conversion. A field of any other type does not compile.
-template <typename Field>
-constexpr EboKeyKind eboKindOf() {
-    static_assert(
-        std::is_same_v<Field, float> || std::is_same_v<Field, int32_t> || std::is_same_v<Field, int16_t>,
-        "no key of a tuning file fills a field of this type");
-    if (std::is_same_v<Field, float>) return EboKeyKind::Float;
-    return std::is_same_v<Field, int16_t> ? EboKeyKind::Int16 : EboKeyKind::Int32;
-}
-
-// The same for a row of a table. The reader's stack has room for tables of so many bytes.
+// The reader's stack has room for tables of so many bytes, in rows of so many numbers.
 constexpr size_t kEboTableBytes = 160;
-template <typename Row, size_t kToCome>
-constexpr EboKeyKind eboRowKindOf() {
-    using Number = std::remove_extent_t<Row>;
-    static_assert(std::is_array_v<Row> && (std::is_same_v<Number, float> || std::is_same_v<Row, int16_t[2]>),
-                  "no key of a tuning file fills a table of this type");
-    static_assert((kToCome + 1) * sizeof(Row) <= kEboTableBytes,
-                  "the reader has no room for so large a table");
-    return std::is_same_v<Number, float> ? EboKeyKind::FloatRow : EboKeyKind::IntRow;
-}
+constexpr size_t kEboRowNumbers = 10;
 
-// For the kinds that a type does not tell.
-template <EboKeyKind kKind, typename Wanted, typename Field>
-constexpr EboKeyKind eboKindFor() {
-    static_assert(std::is_same_v<Field, Wanted>, "a key of this kind fills fields of another type");
-    return kKind;
+// Bytes of the field of a row; 0: no field of the record.
+constexpr size_t eboRowBytes(const EboKeyRow& row) {
+    switch (row.kind) {
+        case EboKeyKind::Status:
+        case EboKeyKind::MaskBit:
+        case EboKeyKind::BandList:
+            return 0;
+        case EboKeyKind::Int16:
+            return sizeof(int16_t);
+        case EboKeyKind::IntRow:
+            return row.count * sizeof(int16_t);
+        case EboKeyKind::FloatRow:
+            return row.count * sizeof(float);
+        case EboKeyKind::Word:
+        case EboKeyKind::ChannelMap:
+            return sizeof(void*);
+        default:
+            return sizeof(int32_t);
+    }
 }
-
-constexpr uint32_t eboBitNumber(uint32_t bit) {
-    return bit > 1 ? eboBitNumber(bit >> 1) + 1 : 0;
-}
-
-// Constructors of rows. A row stands on one source line, so that its line is its own.
-// clang-format off
-#define EBO_ROW(key, text, ifMissing, kind, count, toCome, offset) {key, text, kind, EboIfMissing::ifMissing, count, toCome, __LINE__, offset}
-#define EBO_STATUS(message)                        EBO_ROW("status", EBO_RED(message), Fails, EboKeyKind::Status, 0, 0, 0)
-#define EBO_STATUS_OPTIONAL                        EBO_ROW("status", nullptr, Nothing, EboKeyKind::Status, 0, 0, 0)
-#define EBO_FIELD(Record, field, text, ifMissing)  EBO_ROW(#field, text, ifMissing, eboKindOf<decltype(Record::field)>(), 0, 0, offsetof(Record, field))
-#define EBO_NUMBER(Record, field, message)         EBO_FIELD(Record, field, EBO_RED(message), Fails)
-#define EBO_NUMBER_OPTIONAL(Record, field)         EBO_FIELD(Record, field, nullptr, Nothing)
-#define EBO_NUMBER_PRESET(Record, field, value)    EBO_FIELD(Record, field, #value, Preset)
-#define EBO_NO_KEY(Record, field, value)           EBO_FIELD(Record, field, #value, NoKey)
-#define EBO_FLAG(Record, field, message)           EBO_ROW(#field, EBO_RED(message), Fails, (eboKindFor<EboKeyKind::Flag, int32_t, decltype(Record::field)>()), 0, 0, offsetof(Record, field))
-#define EBO_MASK_BIT(key, bit, message)            EBO_ROW(key, EBO_RED(message), Fails, EboKeyKind::MaskBit, 0, 0, eboBitNumber(bit))
-#define EBO_WORD_OPTIONAL(Record, field)           EBO_ROW(#field, nullptr, Nothing, (eboKindFor<EboKeyKind::Word, char*, decltype(Record::field)>()), 0, 0, offsetof(Record, field))
-#define EBO_TABLE_ROW(key, Record, place, toCome, message) EBO_ROW(key, EBO_RED(message), Fails, (eboRowKindOf<EBO_TYPE_OF(Record, place), toCome>()), std::extent_v<EBO_TYPE_OF(Record, place)>, toCome, offsetof(Record, place))
-#define EBO_TEXT(key, kind, count, offset, message) EBO_ROW(key, EBO_RED(message), Fails, EboKeyKind::kind, count, 0, offset)
-#define EBO_TEXT_OPTIONAL(key, kind, count, offset) EBO_ROW(key, nullptr, Nothing, EboKeyKind::kind, count, 0, offset)
-#define EBO_TYPE_OF(Record, place) std::remove_reference_t<decltype(Record::place)>
-// Constructors of sections: what all of them have.
-#define EBO_SECTION(name, function, rows, Record, bit, container, slot, assertion) \
-    EboSection{name, #function, rows, assertion, bit, std::size(rows), sizeof(Record), __LINE__, EboContainer::container, slot, 0, 0, EboDisabled::IsRead, 0, nullptr, nullptr}
-#define EBO_MODULE(name, function, rows, Record, bit, slot, assertion) EBO_SECTION(name, function, rows, Record, bit, Beamformer, offsetof(EboBeamFormParam, slot), assertion)
-#define EBO_SWITCH(name, function, rows, bit) \
-    EboSection{name, #function, rows, nullptr, bit, std::size(rows), 0, __LINE__, EboContainer::Beamformer, 0, 0, 0, EboDisabled::IsRead, 0, nullptr, nullptr}
-// clang-format on

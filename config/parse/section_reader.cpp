@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "ebo_log.h"
 #include "row_scan.h"
 
 #if defined(__STRICT_ANSI__) && !defined(_GNU_SOURCE)
@@ -13,20 +14,17 @@ namespace {
 
 // A section while it is being read. Lives on its reader's stack.
 struct Reading {
-    Reading(const EboSection& itsSection, void* parser, const char* root, int* mask)
+    Reading(const EboSection& itsSection, void* parser, const char* root, int32_t* mask)
         : section(itsSection), model_en(mask) {
         static_cast<KAJsonParser*>(parser)->getOptions(root, section.name, &keys);
     }
 
     const EboSection& section;
-    int* const model_en;
+    int32_t* const model_en;
     void* record = KA_NULL;
-    KaMetaData keys;    // the framework's view of the section's keys
-    size_t filled = 0;  // bytes of `table`
-    union {             // the rows of one table until its last
-        float floats[kEboTableBytes / sizeof(float)];
-        int16_t integers[kEboTableBytes / sizeof(int16_t)];
-    } table;
+    KaMetaData keys;             // the framework's view of the section's keys
+    size_t filled = 0;           // bytes of `table`
+    char table[kEboTableBytes];  // the rows of one table until its last
 };
 
 // A row's message is the complete literal of its table, so the format is not a literal here.
@@ -78,23 +76,22 @@ void storePair(const char* text, int16_t* field) {
     field[1] = narrow(second);
 }
 
-// A table goes into the record as a whole, after its last row: numbers that the texts do not supply are 0.
+// On purpose a table goes into the record as a whole, after its last row. Numbers that a text does not supply are 0.
 void storeTableRow(Reading& reading, const EboKeyRow& row, const char* text) {
-    const bool floats = row.kind == EboKeyKind::FloatRow;
-    if (reading.filled == 0) std::memset(&reading.table, 0, sizeof(reading.table));
-    if (floats) {
-        storeFloats(text, row.count, reading.table.floats + reading.filled / sizeof(float));
-    } else {
-        storePair(text, reading.table.integers + reading.filled / sizeof(int16_t));
-    }
+    float floats[kEboRowNumbers] = {};
+    int16_t pair[2] = {};
+    const bool isPair = row.kind == EboKeyKind::IntRow;
+    isPair ? storePair(text, pair) : storeFloats(text, row.count, floats);
     const size_t before = reading.filled;
-    reading.filled += row.count * (floats ? sizeof(float) : sizeof(int16_t));
+    const size_t size = eboRowBytes(row);
+    std::memcpy(reading.table + before, isPair ? static_cast<const void*>(pair) : floats, size);
+    reading.filled = before + size;
     if (row.toCome > 0) return;
-    std::memcpy(fieldOf(row, reading.record) - before, &reading.table, reading.filled);
+    std::memcpy(fieldOf(row, reading.record) - before, reading.table, reading.filled);
     reading.filled = 0;
 }
 
-// *text is the value of a key that holds one.
+// *text becomes the value of a key that holds one; whatever a lookup leaves there that finds nothing.
 bool findAndStore(Reading& reading, const EboKeyRow& row, const char** text) {
     switch (row.kind) {
         case EboKeyKind::Int32:
@@ -131,6 +128,7 @@ bool readKey(Reading& reading, const EboKeyRow& row) {
             reportMissing(section, row);
             return false;
         }
+        text = KA_NULL;
         int32_t preset = 0;
         if (row.text != KA_NULL && EboScanner(row.text).integer(&preset)) storeInt(reading, row, preset);
     }
@@ -141,7 +139,7 @@ bool readKey(Reading& reading, const EboKeyRow& row) {
 // The bit that an enabled section sets under this root.
 int32_t bitUnder(const EboSection& section, const char* root) {
     if (section.playbackBit == 0 || util_strcasecmp(root, "ebo_ao_configs") != 0) return section.bit;
-    return section.playbackBit;
+    return static_cast<int32_t>(section.playbackBit);
 }
 
 enum class Status { Missing, Disabled, Enabled };
@@ -158,6 +156,7 @@ Status readStatus(const Reading& reading, int32_t bit) {
         return Status::Missing;
     }
     if (util_strcasecmp(status, "enable") == 0) {
+        // On purpose no bit of the caller's mask is that of "delay".
         if (section.container != EboContainer::EchoCanceller) *reading.model_en |= bit;
         return Status::Enabled;
     }
@@ -185,13 +184,13 @@ bool readKeys(Reading& reading) {
     return true;
 }
 
-// On purpose two ways: free(), but for a section that leaves zeros the framework's own.
+// The bit stays set on purpose.
 void* fail(const Reading& reading) {
     void* record = reading.record;
-    if (reading.section.whenDisabled == EboDisabled::LeavesZeros) {
+    if (reading.section.releasedByHost != 0) {
         ka_mem_safe_free(&record, reading.section.function);
-    } else {
-        std::free(record);
+    } else if (record != KA_NULL) {
+        std::free(record);  // on purpose not ka_mem_safe_free
     }
     return KA_NULL;
 }
@@ -220,7 +219,7 @@ void eboStoreText(const EboSection& section, const EboKeyRow& row, const char* t
     }
 }
 
-void* eboReadSection(void* parser, const char* root, int* model_en, const EboSection& section) {
+void* eboReadSection(void* parser, const char* root, int32_t* model_en, const EboSection& section) {
     if (parser == KA_NULL || root == KA_NULL || model_en == KA_NULL) return KA_NULL;
     const int32_t bit = bitUnder(section, root);
     Reading reading(section, parser, root, model_en);
@@ -231,10 +230,9 @@ void* eboReadSection(void* parser, const char* root, int* model_en, const EboSec
     const Status status = readStatus(reading, bit);
     if (status == Status::Missing) return fail(reading);
     if (!readsKeys(reading, bit, status)) {
-        // On purpose not free(), unlike a failure.
-        if (section.whenDisabled == EboDisabled::LeavesNoRecord)
-            ka_mem_safe_free(&reading.record, section.function);
-        return reading.record;
+        if (section.whenDisabled != EboDisabled::LeavesNoRecord) return reading.record;
+        ka_mem_safe_free(&reading.record, section.function);  // on purpose not free(), unlike a failure
+        return KA_NULL;
     }
     if (!readKeys(reading)) return fail(reading);
     return reading.record != KA_NULL ? reading.record : model_en;

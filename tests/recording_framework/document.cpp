@@ -94,7 +94,7 @@ bool KaMetaData::findFloat(const char* key, float* out) const {
 bool KaMetaData::findCString(const char* key, const char** out) const {
     const json* const value = find(keys_->section, key);
     const bool found = value && value->is_string();
-    *out = found ? value->get_ref<const std::string&>().c_str() : "no such text";
+    *out = found ? value->get_ref<const std::string&>().c_str() : "17 chn;map:7";
     record(Op::FindCString, key, found);
     return found;
 }

@@ -46,7 +46,8 @@ public:
             if (const KaJsonItem* item = names_.last(field->key)) {
                 context_.add(
                     kNeverRead, context_.source.nameOf(*item), "nothing reads the key " + quoted(field->key),
-                    std::string("whatever the file says, the record holds ") + field->text, "remove it");
+                    std::string("whatever the file says, the record holds ") + valueWithoutKey(*field),
+                    "remove it");
                 names_.told(*item);
             }
         }

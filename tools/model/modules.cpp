@@ -116,7 +116,7 @@ private:
             say("the status has no effect: who loads this part keeps no mask, and no dump prints it");
         std::string fixed;
         for (const EboKeyRow* field : fieldsWithoutKey(*place_.section)) {
-            if (std::strcmp(field->text, "0") == 0) continue;
+            if (field->text == nullptr) continue;
             fixed += (fixed.empty() ? "" : " and ") + std::string(field->key) + " " + field->text;
         }
         if (row_.recorded && !fixed.empty()) say(fixed + " are fixed and never printed");

@@ -23,7 +23,7 @@ SectionPlace placeIn(const EboLoad& load, const EboSection& section) {
         &section, &load, load.root, recordName(section), "", section.bit, eboMustLoad(load, section)};
     if (load.playback != 0) {
         place.mask = "rx.model_en";
-        place.bit = section.playbackBit;
+        place.bit = static_cast<int32_t>(section.playbackBit);
     } else if (load.maskless != 0) {
         place.mask = "none";
     } else {

@@ -56,6 +56,11 @@ inline const char* missingMessage(const EboKeyRow& row) {
     return row.ifMissing == EboIfMissing::Fails ? row.text : nullptr;
 }
 
+// What every loaded record holds in a field that no key fills.
+inline const char* valueWithoutKey(const EboKeyRow& row) {
+    return row.text != nullptr ? row.text : "0";
+}
+
 // The bit of a MaskBit.
 inline int32_t bitOf(const EboKeyRow& row) {
     return 1 << row.offset;

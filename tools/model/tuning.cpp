@@ -72,9 +72,13 @@ bool readPlayback(Load& result, const EboLoad& load) {
 }
 
 bool readGain(Load& result, const EboLoad& load) {
-    Tuning& tuning = result.tuning;
-    tuning.gain.reset(parseEboAgcConfigs(result.document.get(), load.root, &tuning.gainMask));
-    return tuning.gain != nullptr;
+    EboBeamFormParam bf = {};  // stands in for a container
+    KAEboParam ebo = {};
+    ebo.bf = &bf;
+    const bool read = eboReadSections(load, result.document.get(), &ebo);
+    result.tuning.gain.reset(bf.agc);
+    result.tuning.gainMask = bf.model_en;
+    return read;
 }
 
 bool read(Load& result, const EboLoad& load) {

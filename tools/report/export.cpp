@@ -116,7 +116,7 @@ private:
     // What a reader leaves in a field that has no key.
     void checkFixed(const SectionPlace& place, const void* record, const EboKeyRow& row) {
         const std::string value = numberText(record, numbersOf(row), 0);
-        const std::string fixed = row.text;
+        const std::string fixed = valueWithoutKey(row);
         if (value != fixed)
             lose(nameOf(place, row) + " is " + value + " and has no key: read back, it is " + fixed);
     }
