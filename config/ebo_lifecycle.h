@@ -1,8 +1,8 @@
 // Making and destroying parameter records.
 //
 // A create function allocates a record with ka_mem_malloc() and writes its built-in defaults; fields without
-// a default stay as the allocator returned them. It returns null when the allocation fails; the caller owns
-// the result.
+// a default stay as the allocator returned them. It returns null when the allocation fails; only
+// createEboConfigs() aborts the process for two of its three. The caller owns the result.
 //
 // A destroy function takes the address of the caller's pointer, which must not be null, releases the record
 // and everything that it owns through ka_mem_safe_free() and leaves the caller's pointer null. A pointer that

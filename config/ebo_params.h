@@ -207,14 +207,14 @@ struct EboAecParam {
     int32_t model_aec_en;      // EBO_AEC_ bits
     int32_t delay_len;         // "delay_len"
     int32_t look_ahead;        // "look_ahead"
-    // "mic_chn_map": channel numbers, as many as the key's count says; null without a map. Owned with
-    // EBO_AEC_CHN_MAP; a default record points at the shared map `Array`.
+    // "mic_chn_map": channel numbers, as many as the key's count says, owned with EBO_AEC_CHN_MAP. Without that
+    // bit null in a record that was read, and the shared map `Array` in a default record.
     int16_t* Array_list;
     int16_t filter_len;    // "filter_len"
     EboDelayParam* delay;  // section "delay"; null when missing, incomplete or disabled
 };
 
-// Section "bf": beamformer, and the chain of modules behind it.
+// Section "bf": beamformer, and the modules that work on its output.
 struct EboBeamFormParam {
     int32_t model_en;            // EBO_BF_ bits
     int32_t ref_pos;             // no key: 1 by default, 0 in a record that was read

@@ -22,7 +22,7 @@ KAEboParam* parseEboConfigs(const char* path);
 // null. The caller owns it: destroyEboAecConfig().
 EboAecParam* parseEboAecConfigs(const char* path);
 
-// Section "bf" of "ebo_configs" and all modules behind it. Null when "bf" fails; the record of any other
+// Section "bf" of "ebo_configs" and the modules that work on its output. Null when "bf" fails; the record of any other
 // section that fails is left null, which `wakeup` never is. The caller owns it: destroyEboBeamFormConfig().
 EboBeamFormParam* parseEboBeamFormConfigs(const char* path);
 
@@ -47,7 +47,7 @@ EboAgcParam* parseEboAgcConfigsFile(const char* path);
 
 // On the root's mask.
 
-// "aec": EBO_PATH_AEC. "mic_chn_map" is optional; a map read before a failure leaks. A disabled section is
+// "aec": EBO_PATH_AEC. "mic_chn_map" is optional; a map that was read before a failure leaks. A disabled section is
 // reported.
 EboAecParam* parseEboAecConfigs(void* parser, const char* root, int* model_en);
 // "delay": no bit, the mask is not touched. A disabled section is reported and yields null; its keys are not
