@@ -1,4 +1,4 @@
-// Everything that is wrong with one file.
+// Everything that is wrong with tuning files.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 #include "check/report.h"
 #include "model/tuning.h"
 
-// `part` is one of checkParts(). The framework's and the readers' log goes where it always goes: a caller that
-// does not want it there installs a sink. Safe to call from several threads at once.
+// The framework's and the readers' log goes where it always goes: a caller that does not want it there installs a
+// sink. Safe to call from several threads at once.
 CheckReport checkFile(const std::string& path, Part part);
 
 // The files at once, reports in their order; `progress` is called from several threads, one at a time, with the

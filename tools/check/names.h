@@ -1,4 +1,4 @@
-// Names of root objects, sections and keys: unknown ones, and those that stand twice.
+// Names of root objects, sections and keys: unknown ones, and duplicates.
 #pragma once
 
 #include <map>
@@ -7,7 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "check/context.h"
+#include "check/report.h"
+#include "check/source.h"
 
 class CheckNames {
 public:
@@ -26,7 +27,7 @@ public:
     void told(const KaJsonItem& item) { told_.insert(&item); }
 
     // `parent`: what the names belong to, for messages.
-    void report(CheckContext& context, const CheckCode& unknown, const std::string& parent) const;
+    void report(CheckReport& report, const CheckCode& unknown, const std::string& parent) const;
 
 private:
     std::string helpFor(const KaJsonItem& item) const;

@@ -1,6 +1,6 @@
 #include "check/plan.h"
 
-#include <cstring>
+#include <utility>
 
 #include "model/places.h"
 
@@ -8,11 +8,8 @@ namespace {
 
 CheckPass passOf(const EboLoad& load, bool chosen) {
     const bool whole = &load == rootLoads().front();
-    CheckPass pass = {&load,
-                      load.root,
-                      whole ? "the whole load" : std::string("the load of the ") + componentOf(load),
-                      {},
-                      chosen};
+    std::string words = whole ? "the whole load" : std::string("the load of the ") + componentOf(load);
+    CheckPass pass = {&load, {}, chosen, {&load, std::move(words)}};
     for (size_t i = 0; i < load.sectionCount; ++i) {
         pass.steps.push_back({load.sections[i], eboMustLoad(load, *load.sections[i])});
     }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "check/report.h"
 #include "model/tuning.h"
 
 struct CheckStep {
@@ -14,10 +15,13 @@ struct CheckStep {
 // One root object as one loader reads it.
 struct CheckPass {
     const EboLoad* how;
-    const char* root;
-    std::string load;  // what the loader does, for messages
     std::vector<CheckStep> steps;
     bool chosen;  // a loader that the check is about, not one that may read the file as well
+    CheckLoad load;
+
+    const char* root() const { return how->root; }
+    // What a failing section does to the load.
+    bool endsWith(const CheckStep& step) const { return chosen && step.required; }
 };
 
 // The loads that `part` means for the document; for the whole capture path the other roots too, unchosen.

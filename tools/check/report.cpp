@@ -1,18 +1,62 @@
 #include "check/report.h"
 
 #include <algorithm>
+#include <utility>
 
-size_t CheckReport::count(CheckLevel level) const {
-    return static_cast<size_t>(
-        std::count_if(findings.begin(), findings.end(),
-                      [level](const CheckFinding& finding) { return finding.code->level == level; }));
+const std::vector<const CheckCode*>& checkCodes() {
+#define EBO_CHECK_CODE(name, id, level, title) &(name),
+    static const std::vector<const CheckCode*> codes = {EBO_CHECK_CODES(EBO_CHECK_CODE)};
+#undef EBO_CHECK_CODE
+    return codes;
 }
 
-const char* checkLevelName(CheckLevel level) {
+void CheckLoad::logs(const std::string& message) {
+    if (!ended) log.push_back(message);
+}
+
+void CheckLoad::ends(CheckOutcome how) {
+    if (!ended) outcome = how;
+    ended = true;
+}
+
+bool CheckReport::isFull(const CheckCode& code) const {
+    const auto held = held_.find(&code);
+    return held != held_.end() && held->second >= kMost;
+}
+
+void CheckReport::add(CheckFinding finding) {
+    if (isFull(*finding.code)) {
+        ++left[finding.code];
+        return;
+    }
+    ++held_[finding.code];
+    findings.push_back(std::move(finding));
+}
+
+size_t CheckReport::count(CheckLevel level) const {
+    size_t count = 0;
+    for (const CheckFinding& finding : findings) count += finding.code->level == level ? 1 : 0;
+    for (const auto& [code, more] : left) count += code->level == level ? more : 0;
+    return count;
+}
+
+CheckOutcome CheckReport::outcome() const {
+    CheckOutcome worst = CheckOutcome::Loads;
+    for (const CheckLoad& load : loads) worst = std::max(worst, load.outcome);
+    return worst;
+}
+
+std::string CheckReport::words() const {
+    std::string all;
+    for (const CheckLoad& load : loads) all += (all.empty() ? "" : ", ") + load.words;
+    return all;
+}
+
+const char* nameOf(CheckLevel level) {
     return level == CheckLevel::Error ? "error" : "warning";
 }
 
-const char* checkOutcomeName(CheckOutcome outcome) {
+const char* nameOf(CheckOutcome outcome) {
     switch (outcome) {
         case CheckOutcome::Loads:
             return "succeeds";

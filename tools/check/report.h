@@ -1,30 +1,71 @@
-// What eboconf check found in one file, and how it is told.
+// What eboconf check finds in one file, as data. A code never changes its meaning; docs/check.md shows each at work.
 #pragma once
 
-#include <cstdint>
-#include <ostream>
+#include <parse/loads.h>
+
+#include <map>
 #include <string>
 #include <vector>
 
-#include "check/codes.h"
+#include "text/lines.h"
 
-// Marked text of a file as it is on disk.
-struct CheckPlace {
-    uint32_t line = 0;        // from 1; 0: the file as a whole
-    uint32_t column = 0;      // in bytes, from 1
-    uint32_t characters = 0;  // the column in characters
-    uint32_t offset = 0;      // in bytes, of the first marked byte
-    uint32_t length = 0;      // in bytes, on one line
+enum class CheckLevel { Error, Warning };
 
-    std::string quote;       // the line, or of a long one what lies around the mark
-    uint32_t quoteMark = 0;  // offset of the mark in the quote
-    bool cutBefore = false;
-    bool cutBehind = false;
+struct CheckCode {
+    const char* id;
+    CheckLevel level;
+    const char* title;
 };
+
+// One row per code. EBO1xx: the load fails or aborts. EBO2xx: it does not; EBO202 to EBO206 are the faults EBO102
+// to EBO106 that do not fail the load which is checked.
+// clang-format off
+#define EBO_CHECK_CODES(ROW) \
+    ROW(kUnreadable,         "EBO100", Error,   "file that cannot be read") \
+    ROW(kInvalidJson,        "EBO101", Error,   "invalid JSON") \
+    ROW(kMissingRoot,        "EBO102", Error,   "missing root object") \
+    ROW(kMissingSection,     "EBO103", Error,   "missing section") \
+    ROW(kMissingKey,         "EBO104", Error,   "missing key") \
+    ROW(kWrongType,          "EBO105", Error,   "value of the wrong type") \
+    ROW(kBeyond32Bits,       "EBO106", Error,   "integer beyond 32 bits") \
+    ROW(kMapAborts,          "EBO107", Error,   "channel map that aborts the process") \
+    ROW(kRootLeftOut,        "EBO202", Warning, "missing root object that does not fail the load") \
+    ROW(kSectionLeftOut,     "EBO203", Warning, "missing section that does not fail the load") \
+    ROW(kKeyLeftOut,         "EBO204", Warning, "missing key that does not fail the load") \
+    ROW(kWrongTypeLeftOut,   "EBO205", Warning, "value of the wrong type that does not fail the load") \
+    ROW(kBeyond32LeftOut,    "EBO206", Warning, "integer beyond 32 bits that does not fail the load") \
+    ROW(kUnknownRoot,        "EBO210", Warning, "unknown root object") \
+    ROW(kUnknownSection,     "EBO211", Warning, "unknown section") \
+    ROW(kUnknownKey,         "EBO212", Warning, "unknown key") \
+    ROW(kDuplicate,          "EBO213", Warning, "duplicate root object, section or key") \
+    ROW(kNarrowed,           "EBO220", Warning, "integer that does not fit 16 bits") \
+    ROW(kFlagValue,          "EBO221", Warning, "flag other than 0 and 1") \
+    ROW(kFloatRange,         "EBO222", Warning, "number beyond the range of a float") \
+    ROW(kTooFewNumbers,      "EBO223", Warning, "row or map with too few numbers") \
+    ROW(kTooManyNumbers,     "EBO224", Warning, "row or map with too many numbers") \
+    ROW(kBadSeparator,       "EBO225", Warning, "row or map with badly separated numbers") \
+    ROW(kMapIgnored,         "EBO226", Warning, "channel map without a count") \
+    ROW(kMapChannels,        "EBO227", Warning, "channel map without channels, or with one that is negative or named twice") \
+    ROW(kStatusWord,         "EBO230", Warning, "status that is neither enable nor disable") \
+    ROW(kNeverRead,          "EBO231", Warning, "setting that nothing reads") \
+    ROW(kDisabledSettings,   "EBO232", Warning, "unread settings of a disabled section") \
+    ROW(kUpsideDown,         "EBO233", Warning, "thresholds upside down") \
+    ROW(kWakeupMode,         "EBO234", Warning, "wake-up mode outside 1 to 3") \
+    ROW(kWakeupWords,        "EBO235", Warning, "number of wake words that does not match the words") \
+    ROW(kGscMethodAlone,     "EBO236", Warning, "gsc method 1 while gsc is off") \
+    ROW(kNoModel,            "EBO237", Warning, "neural noise reduction without a model")
+
+#define EBO_CHECK_CODE(name, id, level, title) inline constexpr CheckCode name{id, CheckLevel::level, title};
+EBO_CHECK_CODES(EBO_CHECK_CODE)
+#undef EBO_CHECK_CODE
+// clang-format on
+
+// All codes, in order.
+const std::vector<const CheckCode*>& checkCodes();
 
 struct CheckFinding {
     const CheckCode* code;
-    CheckPlace place;
+    TextPlace place;
     std::string text;    // what is wrong
     std::string device;  // what a device will do
     std::string help;    // what to do about it; may be empty
@@ -32,25 +73,38 @@ struct CheckFinding {
 
 enum class CheckOutcome { Loads, Fails, Aborts };  // Aborts: it ends the process
 
+// What a loader makes of the file.
+struct CheckLoad {
+    const EboLoad* load;
+    std::string words;  // "the whole load"
+    CheckOutcome outcome = CheckOutcome::Loads;
+    std::vector<std::string> log = {};  // its error messages, in order and without colours
+    bool ended = false;                 // by a failure: nothing is logged any more
+
+    void logs(const std::string& message);
+    void ends(CheckOutcome how);
+};
+
 struct CheckReport {
     std::string file;
-    std::vector<CheckFinding> findings;  // in the order of their places
-    std::string load;                    // which loader reads it, in words
-    CheckOutcome outcome = CheckOutcome::Loads;
-    std::vector<std::string> log;  // error messages of the load, in order and without colours
+    std::vector<CheckFinding> findings;       // in the order of their places
+    std::map<const CheckCode*, size_t> left;  // findings left out of each code, of which there are too many
+    std::vector<CheckLoad> loads;             // those that the check is about
 
+    // The findings of one code that a report holds: a file can have any number of faults.
+    static constexpr size_t kMost = 50;
+    // For who wants to save the work: what is added now is only counted.
+    bool isFull(const CheckCode& code) const;
+    void add(CheckFinding finding);
+
+    // Those left out too.
     size_t count(CheckLevel level) const;
+    CheckOutcome outcome() const;  // the worst of the loads
+    std::string words() const;     // of all loads
+
+private:
+    std::map<const CheckCode*, size_t> held_;
 };
 
-const char* checkLevelName(CheckLevel level);
-const char* checkOutcomeName(CheckOutcome outcome);
-
-struct CheckTextStyle {
-    bool colours = false;
-    size_t width = 100;  // of a line, in columns: quoted lines are cut to it
-};
-
-void writeCheckText(const CheckReport& report, const CheckTextStyle& style, std::ostream& out);
-void writeCheckJson(const std::vector<CheckReport>& reports, std::ostream& out);
-// SARIF 2.1.0
-void writeCheckSarif(const std::vector<CheckReport>& reports, std::ostream& out);
+const char* nameOf(CheckLevel level);
+const char* nameOf(CheckOutcome outcome);

@@ -6,10 +6,15 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-#include <cstdlib>
 #include <set>
+#include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
+#include "model/kinds.h"
+#include "model/tuning.h"
+#include "model/values.h"
 #include "text/words.h"
 
 namespace {
@@ -21,7 +26,7 @@ struct Number {
 };
 
 bool hasCommas(const EboKeyRow& row) {
-    return row.kind == EboKeyKind::BandList || row.kind == EboKeyKind::ChannelMap;
+    return *kindOf(row).separator == ',';
 }
 
 // Up to `row.count` numbers, as the section readers scan them.
@@ -47,29 +52,22 @@ std::string commaList(const std::vector<std::string>& words) {
     return list;
 }
 
-// Stores the text and says what stands in the record then.
-std::string storedNumbers(const EboSection& section, const EboKeyRow& row, const char* text, void* record) {
-    eboStoreText(section, row, text, record);
-    const char* field = static_cast<const char*>(record) + row.offset;
-    // The numbers of a list lie one to a band, those of a row side by side.
-    const size_t stride = row.kind == EboKeyKind::BandList ? sizeof(EboNlpBand) / sizeof(int16_t) : 1;
+// Stores the text and says what the record holds then.
+std::string storedNumbers(const RowSubject& subject) {
+    const EboKeyRow& row = subject.row;
+    eboStoreText(subject.section, row, subject.text, subject.record);
+    const Numbers numbers = numbersOf(row);
     std::vector<std::string> words;
-    for (size_t i = 0; i < row.count; ++i) {
-        if (row.kind == EboKeyKind::FloatRow) {
-            words.push_back(numberText(reinterpret_cast<const float*>(field)[i]));
-        } else {
-            words.push_back(std::to_string(reinterpret_cast<const int16_t*>(field)[i * stride]));
-        }
-    }
+    for (size_t i = 0; i < row.count; ++i) words.push_back(numberText(subject.record, numbers, i));
     return commaList(words);
 }
 
-std::string storedChannels(const EboSection& section, const EboKeyRow& row, const char* text, size_t count) {
-    EboAecParam aec = {};
-    eboStoreText(section, row, text, &aec);
+// What a device stores of a map with these numbers, of which the file may have fewer.
+std::string storedChannels(const std::vector<Number>& numbers, size_t count) {
     std::vector<std::string> words;
-    for (size_t i = 0; i < count; ++i) words.push_back(std::to_string(aec.Array_list[i]));
-    std::free(aec.Array_list);
+    for (size_t i = 0; i < count; ++i) {
+        words.push_back(std::to_string(i < numbers.size() ? static_cast<int16_t>(numbers[i].whole) : 0));
+    }
     return commaList(words);
 }
 
@@ -90,39 +88,54 @@ std::string helpWithFraction(const EboKeyRow& row, std::string_view written, std
     return {};
 }
 
-std::string howToSeparate(const EboKeyRow& row, char rest, size_t wanted) {
-    if (rest == '%' || std::isalpha(static_cast<unsigned char>(rest)) != 0)
-        return "write " + countOf(wanted, "number") + " without words and units";
-    return hasCommas(row) ? "put a comma directly behind each number, with no blank before it"
-                          : "separate the numbers by blanks only";
+// A text as far as it was scanned.
+struct Scan {
+    std::vector<Number> numbers;
+    const char* rest;    // after the last number and blanks
+    size_t wanted;       // numbers that are read
+    std::string stored;  // what a device stores
+
+    std::string_view last() const { return numbers.empty() ? std::string_view() : numbers.back().written; }
+};
+
+std::string howToSeparate(const RowSubject& subject, const Scan& scan) {
+    const char next = *scan.rest;
+    if (next == '%' || std::isalpha(static_cast<unsigned char>(next)) != 0)
+        return "write " + countOf(scan.wanted, "number") + " without words and units";
+    return hasCommas(subject.row) ? "put a comma right after each number, without a blank before it"
+                                  : "separate the numbers by blanks only";
 }
 
-// Whether as many numbers are there as are wanted, and nothing behind them.
-void judgeCount(const EboKeyRow& row, size_t found, std::string_view lastWritten, const char* rest,
-                size_t wanted, const std::string& stored, std::vector<RowFinding>& findings) {
-    const std::string key = quoted(row.key);
-    const std::string device = "goes on, and stores " + stored;
-    const std::string fraction = *rest != '\0' ? helpWithFraction(row, lastWritten, rest) : std::string();
-    const bool isMap = row.kind == EboKeyKind::ChannelMap;
-    if (found >= wanted) {
-        if (found == wanted && *rest == '\0') return;
-        const std::string leaveOut = "leave out what stands behind " + countOf(wanted, "number") +
-                                     (isMap && found > wanted ? ", or correct the count" : "");
-        findings.push_back(
-            {&kTooManyNumbers,
-             key + " goes on behind " + countOf(wanted, "number") + ", which is all that is read", device,
-             fraction.empty() ? leaveOut : fraction});
-    } else if (*rest == '\0') {
-        findings.push_back(
-            {&kTooFewNumbers,
-             key + " has " + countOf(found, "number") + " where " + std::to_string(wanted) + " are read",
-             device, "write " + countOf(wanted, "number") + (isMap ? ", or correct the count" : "")});
+std::string howToCount(const RowSubject& subject, const Scan& scan) {
+    const bool counts = subject.row.kind == EboKeyKind::ChannelMap && scan.numbers.size() != scan.wanted;
+    return countOf(scan.wanted, "number") + (counts ? ", or correct the count" : "");
+}
+
+// Whether as many numbers are there as are wanted, and nothing after them.
+void judgeCount(const RowSubject& subject, const Scan& scan) {
+    const std::string key = quoted(subject.row.key);
+    const std::string device = "goes on, and stores " + scan.stored;
+    const size_t found = scan.numbers.size();
+    const bool ends = *scan.rest == '\0';
+    const std::string fraction = ends ? std::string() : helpWithFraction(subject.row, scan.last(), scan.rest);
+    if (found == scan.wanted && ends) return;
+    if (found >= scan.wanted) {
+        const std::string read =
+            std::to_string(scan.wanted) + (scan.wanted == 1 ? " number that is" : " numbers that are");
+        subject.report.add(
+            {&kTooManyNumbers, subject.place, key + " has more than the " + read + " read", device,
+             fraction.empty() ? "leave out what comes after " + howToCount(subject, scan) : fraction});
+    } else if (ends) {
+        subject.report.add(
+            {&kTooFewNumbers, subject.place,
+             key + " has " + countOf(found, "number") + "; " + std::to_string(scan.wanted) + " are read",
+             device, "write " + howToCount(subject, scan)});
     } else {
-        const std::string where =
-            found == 0 ? " at its start"
-                       : " behind " + quoted(lastWritten) + ", number " + std::to_string(found);
-        findings.push_back({&kBadSeparator, key + " can be read only up to " + quoted({rest, 1}) + where,
-                            device, fraction.empty() ? howToSeparate(row, *rest, wanted) : fraction});
+        const std::string upTo = found == 0 ? key + " holds no number: it starts with "
+                                            : key + " is read only up to number " + std::to_string(found) +
+                                                  ", " + quoted(scan.last()) + ": then comes ";
+        subject.report.add({&kBadSeparator, subject.place, upTo + quoted({scan.rest, 1}), device,
+                            fraction.empty() ? howToSeparate(subject, scan) : fraction});
     }
 }
 
@@ -132,103 +145,104 @@ bool isZeroAsWritten(std::string_view written) {
     return written.substr(0, exponent).find_first_of("123456789abcdefABCDEF") == std::string_view::npos;
 }
 
-void judgeNumber(const EboKeyRow& row, const Number& number, std::vector<RowFinding>& findings) {
-    const std::string key = quoted(row.key);
-    const std::string written(number.written);
-    if (row.kind == EboKeyKind::FloatRow) {
+void judgeNumber(const RowSubject& subject, const Number& number) {
+    const std::string holds = quoted(subject.row.key) + " holds " + std::string(number.written);
+    if (subject.row.kind == EboKeyKind::FloatRow) {
         if (std::isfinite(number.real) && (number.real != 0.0F || isZeroAsWritten(number.written))) return;
-        findings.push_back({&kFloatRange, key + " holds " + written + ", which no float holds",
-                            "stores " + numberText(number.real), "write a number that a float can hold"});
+        subject.report.add({&kFloatRange, subject.place, holds + ", which no float holds",
+                            "stores " + floatText(number.real), "write a number that a float can hold"});
         return;
     }
     const auto stored = static_cast<int16_t>(number.whole);
     if (stored == number.whole) return;
-    findings.push_back({&kNarrowed, key + " holds " + written + ", which does not fit 16 bits",
-                        "stores " + std::to_string(stored) + " for " + written,
+    subject.report.add({&kNarrowed, subject.place, holds + ", which does not fit 16 bits",
+                        "stores " + std::to_string(stored) + " for " + std::string(number.written),
                         "write an integer from -32768 to 32767"});
 }
 
-void judgeOrder(const EboKeyRow& row, const std::vector<Number>& numbers, std::vector<RowFinding>& findings) {
-    if (row.kind != EboKeyKind::IntRow || numbers.size() < 2 || numbers[0].whole <= numbers[1].whole) return;
-    findings.push_back({&kUpsideDown,
-                        quoted(row.key) + " starts at " + std::string(numbers[0].written) +
+void judgeOrder(const RowSubject& subject, const std::vector<Number>& numbers) {
+    if (subject.row.kind != EboKeyKind::IntRow || numbers.size() < 2 || numbers[0].whole <= numbers[1].whole)
+        return;
+    subject.report.add({&kUpsideDown, subject.place,
+                        quoted(subject.row.key) + " starts at " + std::string(numbers[0].written) +
                             ", above its end at " + std::string(numbers[1].written),
-                        "stores both as they are", "exchange the two numbers, or mend one of them"});
+                        "stores both as they are", "exchange the two numbers, or correct one of them"});
 }
 
-// `stored` is what a device stores of them.
-void judgeChannels(const EboKeyRow& row, const std::vector<Number>& channels, const std::string& stored,
-                   std::vector<RowFinding>& findings) {
+void judgeChannels(const RowSubject& subject, const Scan& scan) {
     std::set<int32_t> seen;
     std::string negative;
     std::string twice;
-    for (const Number& channel : channels) {
+    for (const Number& channel : scan.numbers) {
         if (channel.whole < 0) negative = channel.written;
         if (!seen.insert(channel.whole).second) twice = channel.written;
     }
-    const std::string names = quoted(row.key) + " names channel ";
-    const std::string device = "goes on, and stores " + stored;
+    const std::string names = quoted(subject.row.key) + " names channel ";
+    const std::string device = "goes on, and stores " + scan.stored;
     if (!negative.empty()) {
-        findings.push_back({&kMapChannels, names + negative + ", and no channel is negative", device,
-                            "write the channel's number, counted from 0"});
+        subject.report.add({&kMapChannels, subject.place, names + negative + ", and no channel is negative",
+                            device, "write the channel's number, counted from 0"});
     }
-    if (!twice.empty())
-        findings.push_back({&kMapChannels, names + twice + " twice", device, "write each channel once"});
+    if (!twice.empty()) {
+        subject.report.add(
+            {&kMapChannels, subject.place, names + twice + " twice", device, "write each channel once"});
+    }
 }
 
-std::vector<RowFinding> checkMap(const EboSection& section, const EboKeyRow& row, const char* text) {
+// False when so many channels abort the process.
+bool checkMap(const RowSubject& subject) {
     constexpr char kExample[] = "write for example \"4 chn;map:1,0,3,2\", or leave the key out";
-    const std::string key = quoted(row.key);
-    EboScanner scanner(text);
+    const std::string key = quoted(subject.row.key);
+    const std::string most = std::to_string(subject.row.count);
+    EboScanner scanner(subject.text);
     int32_t channels = 0;
     const bool counted = scanner.integer(&channels);
-    if (channels > row.count) {
-        return {{&kMapAborts,
-                 key + " names " + std::to_string(channels) + " channels; " + std::to_string(row.count) +
-                     " are the most",
-                 "the process aborts: Assertion chns <= 16 failed", "write at most 16 channels"}};
+    if (channels > subject.row.count) {
+        subject.report.add(
+            {&kMapAborts, subject.place,
+             key + " names " + std::to_string(channels) + " channels; " + most + " are the most",
+             std::string("the process aborts: ") + kMapAssertion, "write at most " + most + " channels"});
+        return false;
     }
     scanner.skipBlanks();
     const bool marked = scanner.literal("chn;map:");
-    const char* list = scanner.at();
-    std::vector<Number> numbers = marked ? scanNumbers(row, scanner) : std::vector<Number>();
+    std::vector<Number> numbers = marked ? scanNumbers(subject.row, scanner) : std::vector<Number>();
     scanner.skipBlanks();
     if (channels <= 0) {
-        if (counted && channels == 0 && numbers.empty()) return {};  // that is how to ask for none
-        return {{counted ? &kMapChannels : &kMapIgnored,
-                 counted ? key + " names " + std::to_string(channels) + " channels"
-                         : key + " does not start with the number of channels",
-                 "goes on without a channel map", kExample}};
+        if (counted && channels == 0 && numbers.empty()) return true;  // that is how to ask for none
+        subject.report.add({counted ? &kMapChannels : &kMapIgnored, subject.place,
+                            counted ? key + " names " + std::to_string(channels) + " channels"
+                                    : key + " does not start with the number of channels",
+                            "goes on without a channel map", kExample});
+        return true;
     }
 
     const auto wanted = static_cast<size_t>(channels);
-    const std::string stored = storedChannels(section, row, text, wanted);
+    std::string stored = storedChannels(numbers, wanted);
     if (!marked) {
-        return {{&kBadSeparator, key + " lacks \"chn;map:\" behind the number of channels",
-                 "goes on, and stores " + stored, kExample}};
+        subject.report.add({&kBadSeparator, subject.place,
+                            key + " lacks \"chn;map:\" after the number of channels",
+                            "goes on, and stores " + stored, kExample});
+        return true;
     }
-    std::vector<RowFinding> findings;
-    const std::string_view last = numbers.empty() ? list : numbers.back().written;
-    judgeCount(row, numbers.size(), last, scanner.at(), wanted, stored, findings);
-    if (numbers.size() > wanted) numbers.resize(wanted);
-    for (const Number& number : numbers) judgeNumber(row, number, findings);
-    judgeChannels(row, numbers, stored, findings);
-    return findings;
+    Scan scan = {std::move(numbers), scanner.at(), wanted, std::move(stored)};
+    judgeCount(subject, scan);
+    scan.numbers.resize(std::min(scan.numbers.size(), wanted));
+    for (const Number& number : scan.numbers) judgeNumber(subject, number);
+    judgeChannels(subject, scan);
+    return true;
 }
 
 }  // namespace
 
-std::vector<RowFinding> checkRow(const EboSection& section, const EboKeyRow& row, const char* text,
-                                 void* record) {
-    if (row.kind == EboKeyKind::ChannelMap) return checkMap(section, row, text);
-    EboScanner scanner(text);
-    const std::vector<Number> numbers = scanNumbers(row, scanner);
+bool checkRow(const RowSubject& subject) {
+    if (subject.row.kind == EboKeyKind::ChannelMap) return checkMap(subject);
+    EboScanner scanner(subject.text);
+    std::vector<Number> numbers = scanNumbers(subject.row, scanner);
     scanner.skipBlanks();
-    const std::string stored = storedNumbers(section, row, text, record);
-    std::vector<RowFinding> findings;
-    const std::string_view last = numbers.empty() ? std::string_view() : numbers.back().written;
-    judgeCount(row, numbers.size(), last, scanner.at(), row.count, stored, findings);
-    for (const Number& number : numbers) judgeNumber(row, number, findings);
-    judgeOrder(row, numbers, findings);
-    return findings;
+    const Scan scan = {std::move(numbers), scanner.at(), subject.row.count, storedNumbers(subject)};
+    judgeCount(subject, scan);
+    for (const Number& number : scan.numbers) judgeNumber(subject, number);
+    judgeOrder(subject, scan.numbers);
+    return true;
 }

@@ -3,19 +3,16 @@
 
 #include <parse/section.h>
 
-#include <string>
-#include <vector>
+#include "check/report.h"
 
-#include "check/codes.h"
-
-struct RowFinding {
-    const CheckCode* code;
-    std::string text;
-    std::string device;
-    std::string help;
+struct RowSubject {
+    CheckReport& report;
+    const TextPlace& place;  // of the text
+    const EboSection& section;
+    const EboKeyRow& row;  // of the kinds FloatRow, IntRow, BandList and ChannelMap
+    const char* text;
+    void* record;  // takes the text as on a device, but for a map, which no record takes
 };
 
-// What is wrong with the text of a key of the section, of the kinds FloatRow, IntRow, BandList and ChannelMap. Stores
-// the text in `record` as a device does, but for a map, which is stored in none.
-std::vector<RowFinding> checkRow(const EboSection& section, const EboKeyRow& row, const char* text,
-                                 void* record);
+// Reports what is wrong with the text. False when it aborts the process.
+bool checkRow(const RowSubject& subject);

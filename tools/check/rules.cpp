@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "model/places.h"
+#include "model/values.h"
 #include "text/words.h"
 
 namespace {
@@ -19,21 +20,15 @@ bool hasText(const RuleSubject& subject, const char* key) {
     return subject.keys.findCString(key, &text) && text[0] != '\0';
 }
 
-// The value of the key, or the section's status when the key is missing.
-CheckPlace placeOf(const RuleSubject& subject, const char* key) {
-    const KaJsonItem* item = subject.names.last(key);
-    return subject.context.source.valueOf(item != nullptr ? *item : *subject.names.last("status"));
-}
-
 void checkOrder(const RuleSubject& subject, const OrderRule& rule) {
     float low = 0.0F;
     float high = 0.0F;
     if (!subject.keys.findFloat(rule.low, &low) || !subject.keys.findFloat(rule.high, &high) || !(low > high))
         return;
-    subject.context.add(kUpsideDown, placeOf(subject, rule.low),
-                        quoted(rule.low) + " (" + numberText(low) + ") lies above " + quoted(rule.high) +
-                            " (" + numberText(high) + ")",
-                        "stores both as they are", "exchange the two values, or mend one of them");
+    subject.report.add({&kUpsideDown, subject.placeOf(rule.low),
+                        quoted(rule.low) + " (" + floatText(low) + ") is above " + quoted(rule.high) + " (" +
+                            floatText(high) + ")",
+                        "stores both as they are", "exchange the two values, or correct one of them"});
 }
 
 void checkWakeup(const RuleSubject& subject) {
@@ -41,42 +36,42 @@ void checkWakeup(const RuleSubject& subject) {
     const int given = (hasText(subject, "model_word1") ? 1 : 0) + (hasText(subject, "model_word2") ? 1 : 0);
     if (words == 0) {
         const std::string message = "the wakeup word is 0, please configure it which you need";
-        subject.context.logs(subject.pass, message);
-        subject.context.add(kWakeupWords, placeOf(subject, "wakeup_words"), "\"wakeup_words\" is 0",
+        subject.load.logs(message);
+        subject.report.add({&kWakeupWords, subject.placeOf("wakeup_words"), "\"wakeup_words\" is 0",
                             "goes on with 0 wake words, and logs: " + message,
-                            "set \"wakeup_words\" to the number of words, 1 or 2");
+                            "set \"wakeup_words\" to the number of words, 1 or 2"});
     } else if (words != given) {
-        subject.context.add(kWakeupWords, placeOf(subject, "wakeup_words"),
+        subject.report.add({&kWakeupWords, subject.placeOf("wakeup_words"),
                             "\"wakeup_words\" is " + std::to_string(words) + ", but " +
                                 countOf(static_cast<size_t>(given), "word") + (given == 1 ? " is" : " are") +
                                 " given",
                             "stores the number and the words as they are",
-                            "give as many of \"model_word1\" and \"model_word2\" as \"wakeup_words\" says");
+                            "give as many of \"model_word1\" and \"model_word2\" as \"wakeup_words\" says"});
     }
     const int32_t mode = integerOf(subject, "mode");
     if (mode >= 1 && mode <= 3) return;
     const std::string message = "Invalid mode: " + std::to_string(mode) + ", please check mode follow these:";
-    subject.context.logs(subject.pass, message);
-    subject.context.add(
-        kWakeupMode, placeOf(subject, "mode"), "wake-up mode " + std::to_string(mode) + " is not 1, 2 or 3",
-        "keeps the mode, and logs: " + message, "write 1 (oneshot only), 2 (wakeup + command) or 3 (both)");
+    subject.load.logs(message);
+    subject.report.add(
+        {&kWakeupMode, subject.placeOf("mode"), "wake-up mode " + std::to_string(mode) + " is not 1, 2 or 3",
+         "keeps the mode, and logs: " + message, "write 1 (oneshot only), 2 (wakeup + command) or 3 (both)"});
 }
 
 void checkMaskBit(const RuleSubject& subject, const EboKeyRow& row) {
     if (subject.enabled || integerOf(subject, row.key) != 1) return;
     const std::string section = subject.section.name;
-    subject.context.add(kGscMethodAlone, placeOf(subject, row.key),
+    subject.report.add({&kGscMethodAlone, subject.placeOf(row.key),
                         quoted(row.key) + " is 1 while " + quoted(section) + " is not enabled",
                         std::string("sets the bit of ") + row.key +
                             " 1 all the same, and a dump prints its " + quoted(section + ":") + " block",
-                        "enable " + quoted(section) + ", or write another " + row.key + ", such as 0");
+                        "enable " + quoted(section) + ", or write another " + row.key + ", such as 0"});
 }
 
 void checkModel(const RuleSubject& subject) {
     if (hasText(subject, "model_path")) return;
-    subject.context.add(kNoModel, placeOf(subject, "model_path"), "\"ainr\" is enabled without a model",
+    subject.report.add({&kNoModel, subject.placeOf("model_path"), "\"ainr\" is enabled without a model",
                         "enables the module with no \"model_path\", and says nothing",
-                        "set \"model_path\" to the model's file, or disable the section");
+                        "set \"model_path\" to the model's file, or disable the section"});
 }
 
 }  // namespace

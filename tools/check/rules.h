@@ -1,11 +1,12 @@
 // Values that are read without complaint and are still unlikely to be meant.
 #pragma once
 
-#include <string>
+#include <ka/framework.h>
+
+#include <functional>
 #include <vector>
 
-#include "check/context.h"
-#include "check/names.h"
+#include "check/report.h"
 
 // Two keys of a section of which the first is meant to be the lower.
 struct OrderRule {
@@ -16,11 +17,12 @@ struct OrderRule {
 const std::vector<OrderRule>& orderRules();
 
 struct RuleSubject {
-    CheckContext& context;
-    const CheckPass& pass;
+    CheckReport& report;
+    CheckLoad& load;
     const EboSection& section;
-    const CheckNames& names;
     const KaMetaData& keys;
     bool enabled;
+    // The value of a key, or the section's status when the key is missing.
+    std::function<TextPlace(const char* key)> placeOf;
 };
 void checkRules(const RuleSubject& subject);

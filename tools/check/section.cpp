@@ -7,11 +7,34 @@
 #include "check/rows.h"
 #include "check/rules.h"
 #include "check/types.h"
+#include "model/kinds.h"
 #include "model/load_log.h"
 #include "model/places.h"
+#include "model/values.h"
 #include "text/words.h"
 
 namespace {
+
+// Two sections report a missing status in the words of another one.
+std::string whoseMessage(const EboSection& section, const std::string& message) {
+    if (message.find(' ' + std::string(section.name) + ' ') != std::string::npos) return {};
+    return " (the message does not say so, but it is about " + quoted(section.name) + ")";
+}
+
+// What a device does when the section fails with `message`.
+std::string effectOfFailure(const CheckPass& pass, const CheckStep& step, bool enabled,
+                            const std::string& message) {
+    const EboSection& section = *step.section;
+    const std::string logged = ": " + message + whoseMessage(section, message);
+    if (step.required) return pass.load.words + " fails" + logged;
+
+    const std::string goesOn = pass.load.words + " goes on ";
+    if (section.container == EboContainer::EchoCanceller) return goesOn + "without delay estimation" + logged;
+    if (section.recordSize == 0)
+        return goesOn + "with " + quoted(section.name) + (enabled ? " on" : " off") + logged;
+    return goesOn + "without the record of " + quoted(section.name) +
+           (enabled ? ", though its enable bit is set" : "") + logged;
+}
 
 std::vector<std::string> keyNames(const EboSection& section) {
     std::vector<std::string> names;
@@ -23,35 +46,38 @@ std::vector<std::string> keyNames(const EboSection& section) {
 // Follows the section's reader through its table.
 class SectionCheck {
 public:
-    SectionCheck(CheckContext& context, const CheckPass& pass, const CheckStep& step, const KaJsonItem& item)
-        : context_(context),
+    SectionCheck(CheckReport& report, CheckSource& source, CheckPass& pass, const CheckStep& step,
+                 const KaJsonItem& item)
+        : report_(report),
+          source_(source),
           pass_(pass),
           step_(step),
           section_(*step.section),
           item_(item),
-          names_(context.source, context.source.children(item), keyNames(*step.section), "key"),
+          names_(source, source.children(item), keyNames(*step.section), "key"),
           record_(section_.recordSize / sizeof(uint64_t) + 1) {
-        context.source.section(pass.root, section_.name, &keys_);
+        source.section(pass.root(), section_.name, &keys_);
     }
 
     void run() {
         checkStatus();
         if (enabled_ || section_.whenDisabled == EboDisabled::IsRead) {
             for (const EboKeyRow* row : keysOf(section_)) checkKey(*row);
-            checkRules({context_, pass_, section_, names_, keys_, enabled_});
+            checkRules({report_, pass_.load, section_, keys_, enabled_,
+                        [this](const char* key) { return valueOrStatus(key); }});
         } else {
             checkUnread();
         }
         for (const EboKeyRow* field : fieldsWithoutKey(section_)) {
             if (const KaJsonItem* item = names_.last(field->key)) {
-                context_.add(
-                    kNeverRead, context_.source.nameOf(*item), "nothing reads the key " + quoted(field->key),
-                    std::string("whatever the file says, the record holds ") + valueWithoutKey(*field),
-                    "remove it");
+                report_.add(
+                    {&kNeverRead, source_.nameOf(*item), "nothing reads the key " + quoted(field->key),
+                     std::string("whatever the file says, the record holds ") + valueWithoutKey(*field),
+                     "remove it"});
                 names_.told(*item);
             }
         }
-        names_.report(context_, kUnknownKey, " in section " + quoted(section_.name));
+        names_.report(report_, kUnknownKey, " in section " + quoted(section_.name));
     }
 
 private:
@@ -64,12 +90,12 @@ private:
         }
         enabled_ = util_strcasecmp(status, "enable") == 0;
         if (enabled_ || util_strcasecmp(status, "disable") == 0) return;
-        context_.add(kStatusWord, valueOf(row),
+        report_.add({&kStatusWord, valueOf(row),
                      "status " + quoted(status) + " is neither \"enable\" nor \"disable\"",
                      pass_.how->maskless != 0
                          ? "reads the section all the same: a load of gain control keeps no mask"
                          : "takes " + quoted(section_.name) + " as disabled: nothing but \"enable\" enables",
-                     "write \"enable\" or \"disable\"");
+                     "write \"enable\" or \"disable\""});
     }
 
     void checkKey(const EboKeyRow& row) {
@@ -94,13 +120,13 @@ private:
     void checkInteger(const EboKeyRow& row, int value) {
         const auto low = static_cast<int16_t>(value);
         if (row.kind == EboKeyKind::Int16 && low != value) {
-            context_.add(kNarrowed, valueOf(row),
+            report_.add({&kNarrowed, valueOf(row),
                          std::to_string(value) + " does not fit the 16 bits of " + quoted(row.key),
-                         "stores " + std::to_string(low), "write an integer from -32768 to 32767");
+                         "stores " + std::to_string(low), "write an integer from -32768 to 32767"});
         }
         if (row.kind == EboKeyKind::Flag && value != 0 && value != 1) {
-            context_.add(kFlagValue, valueOf(row), quoted(row.key) + " is a flag, and not 0 or 1",
-                         "stores 1 for " + std::to_string(value), "write 0 or 1");
+            report_.add({&kFlagValue, valueOf(row), quoted(row.key) + " is a flag, and not 0 or 1",
+                         "stores 1 for " + std::to_string(value), "write 0 or 1"});
         }
     }
 
@@ -109,16 +135,14 @@ private:
         const bool zero = written.substr(0, written.find_first_of("eE")).find_first_of("123456789") ==
                           std::string_view::npos;
         if (std::isfinite(value) && (value != 0.0F || zero)) return;
-        context_.add(kFloatRange, valueOf(row), "no float holds the value of " + quoted(row.key),
-                     "stores " + numberText(value), "write a number that a float can hold");
+        report_.add({&kFloatRange, valueOf(row), "no float holds the value of " + quoted(row.key),
+                     "stores " + floatText(value), "write a number that a float can hold"});
     }
 
     void checkText(const EboKeyRow& row, const char* text) {
         if (row.kind == EboKeyKind::Word) return;
-        for (const RowFinding& found : checkRow(section_, row, text, record_.data())) {
-            context_.add(*found.code, valueOf(row), found.text, found.device, found.help);
-            if (found.code == &kMapAborts) ends(kMapAssertion, CheckOutcome::Aborts);
-        }
+        if (!checkRow({report_, valueOf(row), section_, row, text, record_.data()}))
+            ends(kMapAssertion, CheckOutcome::Aborts);
     }
 
     // The key is missing, or has a value that counts as missing.
@@ -131,15 +155,15 @@ private:
         const bool big = isIntegerBeyond32Bits(row, *item);
         const std::string text =
             big ? quoted(row.key) + " does not fit 32 bits"
-                : quoted(row.key) + " is " + typeOf(*item) + " and must be " + typeWanted(row);
-        const CheckPlace place = context_.source.valueOf(*item);
+                : quoted(row.key) + " is " + typeOf(*item) + "; expected " + nameOf(kindOf(row).type);
+        const TextPlace place = source_.valueOf(*item);
         const std::string help = big ? "write an integer from -2147483648 to 2147483647"
-                                     : howToMend(row, *item, context_.source.insideArray(*item));
+                                     : howToMend(row, *item, source_.insideArray(*item));
         if (missingMessage(row) == nullptr) {
-            context_.add(big ? kBeyond32LeftOut : kWrongTypeLeftOut, place, text,
+            report_.add({big ? &kBeyond32LeftOut : &kWrongTypeLeftOut, place, text,
                          std::string("takes the key as missing, which is allowed") +
                              (section_.whenDisabled != EboDisabled::GoesByMask ? ", and says nothing" : ""),
-                         help);
+                         help});
         } else if (big) {
             fails(row, kBeyond32Bits, kBeyond32LeftOut, place, text, help);
         } else {
@@ -152,28 +176,28 @@ private:
             "key " + quoted(row.key) + " is missing from section " + quoted(section_.name);
         if (const KaJsonItem* slip = names_.takeSlip(row.key)) {
             const std::string written = quoted(CheckSource::name(*slip));
-            fails(row, kMissingKey, kKeyLeftOut, context_.source.nameOf(*slip),
+            fails(row, kMissingKey, kKeyLeftOut, source_.nameOf(*slip),
                   text + ", which has " + written + " instead",
                   "did you mean " + quoted(row.key) + "? Rename " + written);
         } else {
-            fails(row, kMissingKey, kKeyLeftOut, context_.source.nameOf(item_), text,
-                  "add " + quoted(row.key) + ": " + placeholder(row));
+            fails(row, kMissingKey, kKeyLeftOut, source_.nameOf(item_), text,
+                  "add " + quoted(row.key) + ": " + exampleFor(row));
         }
     }
 
-    void fails(const EboKeyRow& row, const CheckCode& error, const CheckCode& warning,
-               const CheckPlace& place, const std::string& text, const std::string& help) {
+    void fails(const EboKeyRow& row, const CheckCode& error, const CheckCode& warning, const TextPlace& place,
+               const std::string& text, const std::string& help) {
         const std::string message = plainText(missingMessage(row));
-        const bool fatal = step_.required && pass_.chosen;
-        context_.add(fatal ? error : warning, place, text, effectOfFailure(pass_, step_, enabled_, message),
-                     help);
+        const bool fatal = pass_.endsWith(step_);
+        report_.add(
+            {fatal ? &error : &warning, place, text, effectOfFailure(pass_, step_, enabled_, message), help});
         ends(message, CheckOutcome::Fails);
     }
 
     // A reader stops at its first failure.
     void ends(const std::string& message, CheckOutcome outcome) {
-        if (!ended_) context_.logs(pass_, message);
-        if (!ended_ && step_.required && pass_.chosen) context_.endLoad(outcome);
+        if (!ended_) pass_.load.logs(message);
+        if (!ended_ && pass_.endsWith(step_)) pass_.load.ends(outcome);
         ended_ = true;
     }
 
@@ -184,21 +208,26 @@ private:
             // An empty word says what is stored anyway.
             if (item != nullptr && !(row->kind == EboKeyKind::Word && item->value_length == 0)) ++count;
         }
-        const CheckPlace place = context_.source.nameOf(item_);
+        const TextPlace place = source_.nameOf(item_);
         const bool disabled = names_.last(section_.rows[0].key) != nullptr;
         if (count == 0 || (ended_ && missingMessage(section_.rows[0]) != nullptr)) return;
-        context_.add(
-            kDisabledSettings, place,
-            countOf(count, "setting") + " of " + quoted(section_.name) + (count == 1 ? " has" : " have") +
-                " no effect: the section is not enabled",
-            "does not read the keys of a disabled " + quoted(section_.name),
-            disabled ? "enable the section, or take them as notes for later" : "add \"status\": \"enable\"");
+        report_.add({&kDisabledSettings, place,
+                     countOf(count, "setting") + " of " + quoted(section_.name) +
+                         (count == 1 ? " has" : " have") + " no effect: the section is not enabled",
+                     "does not read the keys of a disabled " + quoted(section_.name),
+                     disabled ? "enable the section, or leave them as notes for later"
+                              : "add \"status\": \"enable\""});
     }
 
-    CheckPlace valueOf(const EboKeyRow& row) const { return context_.source.valueOf(*names_.last(row.key)); }
+    TextPlace valueOrStatus(const char* key) const {
+        const KaJsonItem* item = names_.last(key);
+        return source_.valueOf(item != nullptr ? *item : *names_.last("status"));
+    }
+    TextPlace valueOf(const EboKeyRow& row) const { return source_.valueOf(*names_.last(row.key)); }
 
-    CheckContext& context_;
-    const CheckPass& pass_;
+    CheckReport& report_;
+    CheckSource& source_;
+    CheckPass& pass_;
     const CheckStep& step_;
     const EboSection& section_;
     const KaJsonItem& item_;
@@ -211,7 +240,24 @@ private:
 
 }  // namespace
 
-void checkSection(CheckContext& context, const CheckPass& pass, const CheckStep& step,
+void checkSection(CheckReport& report, CheckSource& source, CheckPass& pass, const CheckStep& step,
                   const KaJsonItem& item) {
-    SectionCheck(context, pass, step, item).run();
+    SectionCheck(report, source, pass, step, item).run();
+}
+
+void checkMissingSection(CheckReport& report, CheckPass& pass, const CheckStep& step,
+                         const CheckAbsence& absence) {
+    const char* format = missingMessage(step.section->rows[0]);
+    if (format == nullptr) {
+        report.add({absence.warning, absence.place, absence.text,
+                    pass.load.words + " goes on with an all-zero record of " + quoted(step.section->name) +
+                        ", and says nothing",
+                    absence.help});
+        return;
+    }
+    const std::string message = plainText(format);
+    report.add({pass.endsWith(step) ? absence.error : absence.warning, absence.place, absence.text,
+                effectOfFailure(pass, step, false, message), absence.help});
+    pass.load.logs(message);
+    if (pass.endsWith(step)) pass.load.ends(CheckOutcome::Fails);
 }

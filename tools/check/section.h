@@ -1,23 +1,22 @@
 // One section of a file against its table.
 #pragma once
 
-#include "check/context.h"
+#include <string>
+
+#include "check/plan.h"
+#include "check/source.h"
 
 // Checks the section `item`, which is the one of its name that counts, as the loader of `pass` reads it.
-void checkSection(CheckContext& context, const CheckPass& pass, const CheckStep& step,
+void checkSection(CheckReport& report, CheckSource& source, CheckPass& pass, const CheckStep& step,
                   const KaJsonItem& item);
 
-// A section that is not there, or is none: how that is told.
+// How to report a section that is missing or not an object.
 struct CheckAbsence {
     const CheckCode* error;    // when it fails the load
     const CheckCode* warning;  // when it does not
-    CheckPlace place;
+    TextPlace place;
     std::string text;
     std::string help;
 };
-void checkMissingSection(CheckContext& context, const CheckPass& pass, const CheckStep& step,
+void checkMissingSection(CheckReport& report, CheckPass& pass, const CheckStep& step,
                          const CheckAbsence& absence);
-
-// What a device does when the section fails with `message`.
-std::string effectOfFailure(const CheckPass& pass, const CheckStep& step, bool enabled,
-                            const std::string& message);

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "check/report.h"
+#include "text/lines.h"
 
 class CheckSource {
 public:
@@ -26,31 +26,28 @@ public:
     bool section(const char* root, const char* section, KaMetaData* keys);
 
     std::string_view text() const { return text_; }
+    const TextLines& lines() const { return lines_; }
     // A number as written, and the text of a string.
     static std::string_view value(const KaJsonItem& item) { return {item.value, item.value_length}; }
     static std::string_view name(const KaJsonItem& item) { return {item.name, item.name_length}; }
 
-    // What stands between its '[' and the next ']'; empty of anything else.
+    // What is between its '[' and the next ']'; empty of anything else.
     std::string_view insideArray(const KaJsonItem& item) const;
 
     // Both with their quotes; of an object or array its first bracket.
-    CheckPlace nameOf(const KaJsonItem& item) const;
-    CheckPlace valueOf(const KaJsonItem& item) const;
+    TextPlace nameOf(const KaJsonItem& item) const;
+    TextPlace valueOf(const KaJsonItem& item) const;
     // The whole file's.
-    CheckPlace start() const { return place(0, 1); }
-    CheckPlace place(size_t offset, size_t length) const;
-    size_t offsetOf(uint32_t line, uint32_t column) const;
+    TextPlace start() const { return lines_.place(0, 1); }
 
 private:
     size_t endOfString(size_t offset) const;
-    size_t charactersBefore(size_t offset) const;
 
     KAJsonParser parser_;
     KaJsonError error_;
     std::vector<KaJsonItem> items_;
     std::string text_;
-    std::vector<size_t> lines_;       // offsets of the lines
-    std::vector<size_t> characters_;  // before each block of the text: a file may be one long line
+    TextLines lines_;
 };
 
 // The last item of this name, which is the one that counts; null when there is none.

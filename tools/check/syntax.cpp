@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cctype>
 
+#include "text/utf8.h"
+
 namespace {
 
 constexpr char kNumbers[] =
@@ -40,23 +42,14 @@ std::string helpAtEnd(std::string_view text) {
                                  : "the file ends too early";
 }
 
-// Whether it starts with a character of several bytes, and not with a byte of another encoding.
-bool startsWithUtf8(std::string_view text) {
-    const auto lead = static_cast<unsigned char>(text[0]);
-    const size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    const std::string_view rest = text.substr(1, length - 1);
-    return lead >= 0xC2 && rest.size() == length - 1 &&
-           std::all_of(rest.begin(), rest.end(), [](char c) { return (c & 0xC0) == 0x80; });
-}
-
 std::string helpBeyondAscii(std::string_view text) {
     if (text.substr(0, 2) == "\xE2\x80" && text.substr(2, 1) >= "\x98" && text.substr(2, 1) <= "\x9F")
         return "use plain double quotes, not typographic ones";
-    if (!startsWithUtf8(text)) return "save the file as UTF-8";
+    if (utf8At(text, 0).length == 0) return "save the file as UTF-8";
     return "replace the character by a plain one, such as '-' or a blank, or leave it out";
 }
 
-// `text` follows a comma behind a digit.
+// `text` follows a comma after a digit.
 std::string helpWithComma(std::string_view text) {
     const auto isGroup = [text](size_t at) {
         const std::string_view group = text.substr(std::min(at, text.size()), 3);
@@ -69,7 +62,7 @@ std::string helpWithComma(std::string_view text) {
     return "write a decimal point for a decimal comma, and nothing between thousands";
 }
 
-// What stands of a number from behind a ':', ',' or '[' up to `last`.
+// What there is of a number after a ':', ',' or '[' up to `last`.
 std::string_view numberUpTo(std::string_view text, size_t last) {
     const size_t before = text.find_last_not_of("0123456789+-.eE", last);
     const size_t mark = text.find_last_not_of(" \t", before);
@@ -78,7 +71,7 @@ std::string_view numberUpTo(std::string_view text, size_t last) {
     return text.substr(before + 1, last - before);
 }
 
-// Empty when it helps with no number. `number` is what stands of one before the place, on the same line.
+// Empty when it helps with no number. `number` is what there is of one before the place, on the same line.
 std::string helpWithNumber(std::string_view text, size_t offset, std::string_view number) {
     const char here = text[offset];
     if (here == '+' || here == '.') return kNumbers;
@@ -117,7 +110,7 @@ std::string syntaxHelp(std::string_view text, size_t offset) {
     if (static_cast<unsigned char>(here) >= 0x80) return helpBeyondAscii(text.substr(offset));
     if (std::iscntrl(static_cast<unsigned char>(here)) != 0 && !isAnyOf(here, "\r\n"))
         return "replace the tab or control character by a blank, or remove it";
-    if (before == ':' && isAnyOf(here, ",}]")) return "write a value behind the ':'";
+    if (before == ':' && isAnyOf(here, ",}]")) return "write a value after the ':'";
     if (before == ',' && last > 0 && isDigit(text[last - 1]) && isDigit(here))
         return helpWithComma(text.substr(offset));
     if (before == ',' && here == ',') return "remove one of the two commas";
@@ -141,7 +134,7 @@ std::string syntaxHelp(std::string_view text, size_t offset) {
         return "names with values stand between '{' and '}': open them with a '{'";
     if (here == ']' && leavesBraceOpen(text.substr(0, offset))) return "close with a '}' what a '{' opens";
     if (before == ':' || before == ',' || before == '{') return kNames;
-    if (before == '"') return "put a ':' between key and value, a comma behind a value";
-    if (before == '}') return "remove what stands behind the last '}'";
+    if (before == '"') return "put a ':' between key and value, a comma after a value";
+    if (before == '}') return "remove what comes after the last '}'";
     return "put a comma between two values";
 }

@@ -3,17 +3,17 @@
 #include <charconv>
 #include <cmath>
 
+#include "model/kinds.h"
 #include "text/words.h"
 
 namespace {
 
 bool isInteger(const EboKeyRow& row) {
-    return row.kind == EboKeyKind::Int32 || row.kind == EboKeyKind::Int16 || row.kind == EboKeyKind::Flag ||
-           row.kind == EboKeyKind::MaskBit;
+    return kindOf(row).type == ValueType::Integer;
 }
 
 bool isText(const EboKeyRow& row) {
-    return !isInteger(row) && row.kind != EboKeyKind::Float;
+    return kindOf(row).type == ValueType::Text;
 }
 
 bool isNumberText(std::string_view text, double* value) {
@@ -29,9 +29,10 @@ std::string wholeNumber(double value) {
 
 // The text that an array of numbers makes, such as "1,0" of [1, 0]; empty when the row takes no such text.
 std::string textOf(const EboKeyRow& row, std::string_view array) {
+    const char* separator = kindOf(row).separator;
+    if (separator == nullptr) return {};
     const bool isMap = row.kind == EboKeyKind::ChannelMap;
     const bool isFloats = row.kind == EboKeyKind::FloatRow;
-    if (!isMap && !isFloats && row.kind != EboKeyKind::IntRow && row.kind != EboKeyKind::BandList) return {};
     if (array.find_first_not_of(isFloats ? "0123456789+-.eE, \t\r\n" : "0123456789-, \t\r\n") !=
         std::string_view::npos)
         return {};
@@ -39,7 +40,7 @@ std::string textOf(const EboKeyRow& row, std::string_view array) {
     size_t count = 1;
     for (const char c : array) {
         if (c == ',') {
-            text += isMap || row.kind == EboKeyKind::BandList ? ',' : ' ';
+            text += separator;
             ++count;
         } else if (c > ' ') {
             text += c;
@@ -56,24 +57,18 @@ std::string typeOf(const KaJsonItem& item) {
         case KaJsonKind::kNull:
             return "null";
         case KaJsonKind::kBool:
-            return "true or false";
+            return "a boolean";
         case KaJsonKind::kNumber:
             return CheckSource::value(item).find_first_of(".eE") == std::string_view::npos
                        ? "a number"
                        : "a number with a fraction or exponent";
         case KaJsonKind::kString:
-            return "a text";
+            return "a string";
         case KaJsonKind::kArray:
             return "an array";
         default:
             return "an object";
     }
-}
-
-std::string typeWanted(const EboKeyRow& row) {
-    if (isInteger(row)) return "an integer";
-    if (row.kind == EboKeyKind::Float) return "a number";
-    return "a text";
 }
 
 bool isIntegerBeyond32Bits(const EboKeyRow& row, const KaJsonItem& item) {
@@ -98,32 +93,5 @@ std::string howToMend(const EboKeyRow& row, const KaJsonItem& item, std::string_
     if (row.kind == EboKeyKind::Status) return "write \"enable\" or \"disable\"";
     if (isText(row) && item.kind == KaJsonKind::kNumber) return "put it in quotes: " + quoted(value);
     const std::string text = textOf(row, array);
-    return "write " + (text.empty() ? placeholder(row) : quoted(text));
-}
-
-std::string placeholder(const EboKeyRow& row) {
-    const std::string count = std::to_string(row.count);
-    switch (row.kind) {
-        case EboKeyKind::Status:
-            return "\"enable\" or \"disable\"";
-        case EboKeyKind::Flag:
-            return "0 or 1";
-        case EboKeyKind::Int16:
-            return "an integer from -32768 to 32767";
-        case EboKeyKind::Int32:
-        case EboKeyKind::MaskBit:
-            return "an integer";
-        case EboKeyKind::Float:
-            return "a number";
-        case EboKeyKind::FloatRow:
-            return count + " numbers in quotes, separated by blanks";
-        case EboKeyKind::IntRow:
-            return count + " integers in quotes, separated by blanks";
-        case EboKeyKind::BandList:
-            return count + " integers in quotes, separated by commas";
-        case EboKeyKind::ChannelMap:
-            return "\"4 chn;map:1,0,3,2\", for four channels";
-        default:
-            return "a text in quotes";
-    }
+    return "write " + (text.empty() ? exampleFor(row) : quoted(text));
 }

@@ -9,10 +9,9 @@
 #include <thread>
 
 #include "check/file.h"
-#include "check/plan.h"
-#include "check/report.h"
 #include "commands/commands.h"
 #include "commands/part_option.h"
+#include "report/check_report.h"
 #include "text/terminal.h"
 
 namespace {

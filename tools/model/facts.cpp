@@ -1,39 +1,12 @@
 #include "model/facts.h"
 
+#include "model/kinds.h"
 #include "model/load_log.h"
 #include "model/meanings.h"
 #include "model/values.h"
 #include "text/words.h"
 
 namespace {
-
-std::string typeOf(const EboKeyRow& row) {
-    const std::string count = std::to_string(row.count);
-    switch (row.kind) {
-        case EboKeyKind::Status:
-            return "\"enable\" or \"disable\"";
-        case EboKeyKind::Int32:
-        case EboKeyKind::MaskBit:
-            return "integer";
-        case EboKeyKind::Int16:
-            return "integer from -32768 to 32767";
-        case EboKeyKind::Flag:
-            return "integer, 0 or 1";
-        case EboKeyKind::Float:
-            return "number";
-        case EboKeyKind::FloatRow:
-            return "text of " + count + " numbers with blanks between them";
-        case EboKeyKind::IntRow:
-            return "text of " + count + " integers with blanks between them";
-        case EboKeyKind::BandList:
-            return "text of " + count + " integers with commas between them";
-        case EboKeyKind::ChannelMap:
-            return "text \"2 chn;map:1,0\", up to " + count + " channels";
-        case EboKeyKind::Word:
-            return "text";
-    }
-    return "";
-}
 
 std::string storedAs(const SectionPlace& place, const EboKeyRow& row) {
     if (row.kind == EboKeyKind::Status) return bitText(place);
@@ -84,7 +57,7 @@ KeyFacts factsOf(const SectionPlace& place, const EboKeyRow& row) {
     const EboSection& section = *place.section;
     const bool isKey = row.ifMissing != EboIfMissing::NoKey;
     facts.order = isKey ? static_cast<size_t>(&row - section.rows) + 1 : 0;
-    facts.type = isKey ? typeOf(row) : "no key";
+    facts.type = isKey ? takenBy(row) : "no key";
     facts.stored = storedAs(place, row);
     const std::string field = fieldName(row);
     if (!field.empty()) facts.field = place.record + "::" + field;

@@ -1,15 +1,15 @@
 // The report for programs. docs/check-report.schema.json describes it.
 #include <nlohmann/json.hpp>
 
-#include "check/report.h"
+#include "report/check_report.h"
 
 namespace {
 
 using Json = nlohmann::ordered_json;
 
 Json findingOf(const CheckFinding& finding) {
-    const CheckPlace& place = finding.place;
-    Json json = {{"code", finding.code->id}, {"level", checkLevelName(finding.code->level)},
+    const TextPlace& place = finding.place;
+    Json json = {{"code", finding.code->id}, {"level", nameOf(finding.code->level)},
                  {"line", place.line},       {"column", place.column},
                  {"offset", place.offset},   {"length", place.length},
                  {"message", finding.text},  {"device", finding.device}};
@@ -20,12 +20,19 @@ Json findingOf(const CheckFinding& finding) {
 Json reportOf(const CheckReport& report) {
     Json findings = Json::array();
     for (const CheckFinding& finding : report.findings) findings.push_back(findingOf(finding));
+    Json log = Json::array();
+    Json left = Json::object();
+    for (const CheckLoad& load : report.loads) {
+        for (const std::string& message : load.log) log.push_back(message);
+    }
+    for (const auto& [code, count] : report.left) left[code->id] = count;
     return {{"file", report.file},
-            {"load", report.load},
-            {"outcome", checkOutcomeName(report.outcome)},
-            {"log", report.log},
+            {"load", report.words()},
+            {"outcome", nameOf(report.outcome())},
+            {"log", log},
             {"errors", report.count(CheckLevel::Error)},
             {"warnings", report.count(CheckLevel::Warning)},
+            {"left", left},
             {"findings", findings}};
 }
 

@@ -3,7 +3,7 @@
 #include <cctype>
 #include <nlohmann/json.hpp>
 
-#include "check/report.h"
+#include "report/check_report.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ Json rules() {
     for (const CheckCode* code : checkCodes()) {
         list.push_back({{"id", code->id},
                         {"shortDescription", {{"text", code->title}}},
-                        {"defaultConfiguration", {{"level", checkLevelName(code->level)}}}});
+                        {"defaultConfiguration", {{"level", nameOf(code->level)}}}});
     }
     return list;
 }
@@ -50,7 +50,7 @@ Json resultOf(const std::string& file, const CheckFinding& finding) {
     }
     return {{"ruleId", finding.code->id},
             {"ruleIndex", ruleIndex(finding.code)},
-            {"level", checkLevelName(finding.code->level)},
+            {"level", nameOf(finding.code->level)},
             {"message", {{"text", text}}},
             {"locations", Json::array({{{"physicalLocation", location}}})}};
 }

@@ -4,7 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "check/report.h"
+#include "report/check_report.h"
+#include "text/utf8.h"
 #include "text/words.h"
 
 namespace {
@@ -28,37 +29,20 @@ constexpr char kYellow[] = "\x1b[1;33m";
 constexpr char kBlue[] = "\x1b[1;34m";
 constexpr char kGreen[] = "\x1b[1;32m";
 
-// Bytes of the UTF-8 character at `at`; 0 when there is none.
-size_t lengthOfCharacter(std::string_view text, size_t at) {
-    const auto lead = static_cast<unsigned char>(text[at]);
-    const size_t length = lead < 0x80   ? 1
-                          : lead < 0xC2 ? 0
-                          : lead < 0xE0 ? 2
-                          : lead < 0xF0 ? 3
-                          : lead < 0xF5 ? 4
-                                        : 0;
-    if (at + length > text.size()) return 0;
-    for (size_t i = 1; i < length; ++i) {
-        if ((static_cast<unsigned char>(text[at + i]) & 0xC0) != 0x80) return 0;
-    }
-    // Control characters of two bytes.
-    return lead == 0xC2 && static_cast<unsigned char>(text[at + 1]) < 0xA0 ? 0 : length;
-}
-
 // Characters, each of one column: what is none, or steers the terminal, as '?', a tab as a blank.
 std::vector<std::string> columnsOf(std::string_view text) {
     std::vector<std::string> columns;
     for (size_t at = 0; at < text.size();) {
-        const size_t length = lengthOfCharacter(text, at);
-        const std::string character(text.substr(at, std::max<size_t>(length, 1)));
-        columns.push_back(length == 0 ? "?" : character == "\t" ? " " : printable(character));
-        at += character.size();
+        const size_t length = std::max<size_t>(utf8At(text, at).length, 1);
+        const std::string_view character = text.substr(at, length);
+        columns.push_back(character == "\t" ? " " : printable(character));
+        at += length;
     }
     return columns;
 }
 
 // The quoted line with the mark below it, cut to the width around the mark.
-void writeQuote(const CheckPlace& place, const CheckTextStyle& style, const Painter& paint,
+void writeQuote(const TextPlace& place, const CheckTextStyle& style, const Painter& paint,
                 std::ostream& out) {
     const std::string number = std::to_string(place.line);
     const std::string gutter(std::max<size_t>(number.size() + 1, 6), ' ');
@@ -75,7 +59,7 @@ void writeQuote(const CheckPlace& place, const CheckTextStyle& style, const Pain
 
     std::string line = before ? "..." : "";
     for (size_t i = first; i < last; ++i) line += columns[i];
-    if (last < columns.size() || place.cutBehind) line += "...";
+    if (last < columns.size() || place.cutAfter) line += "...";
     const std::string margin((before ? 3 : 0) + mark - first, ' ');
     const size_t shown = mark < last ? std::min(marked, last - mark) : 1;
     out << paint(kBlue, gutter.substr(number.size()) + number + " | ") << line << '\n'
@@ -85,12 +69,12 @@ void writeQuote(const CheckPlace& place, const CheckTextStyle& style, const Pain
 void writeFinding(const std::string& file, const CheckFinding& finding, const CheckTextStyle& style,
                   std::ostream& out) {
     const Painter paint(style.colours);
-    const CheckPlace& place = finding.place;
+    const TextPlace& place = finding.place;
     std::string where = printable(file);
     if (place.line != 0) where += ':' + std::to_string(place.line) + ':' + std::to_string(place.column);
     const bool error = finding.code->level == CheckLevel::Error;
-    out << paint(kBold, where + ": ") << paint(error ? kRed : kYellow, checkLevelName(finding.code->level))
-        << ": " << paint(kBold, finding.text) << " [" << finding.code->id << "]\n";
+    out << paint(kBold, where + ": ") << paint(error ? kRed : kYellow, nameOf(finding.code->level)) << ": "
+        << paint(kBold, finding.text) << " [" << finding.code->id << "]\n";
     if (place.line != 0) writeQuote(place, style, paint, out);
     out << paint(kBlue, "       = device: ") << finding.device << '\n';
     if (!finding.help.empty()) out << paint(kBlue, "       = help: ") << finding.help << '\n';
@@ -101,6 +85,10 @@ void writeFinding(const std::string& file, const CheckFinding& finding, const Ch
 
 void writeCheckText(const CheckReport& report, const CheckTextStyle& style, std::ostream& out) {
     for (const CheckFinding& finding : report.findings) writeFinding(report.file, finding, style, out);
+    for (const auto& [code, count] : report.left) {
+        out << printable(report.file) << ": " << nameOf(code->level) << ": and " << count << " more ["
+            << code->id << "]\n\n";
+    }
     const size_t errors = report.count(CheckLevel::Error);
     const size_t warnings = report.count(CheckLevel::Warning);
     out << printable(report.file) << ": ";
@@ -110,7 +98,9 @@ void writeCheckText(const CheckReport& report, const CheckTextStyle& style, std:
     }
     if (errors > 0) out << countOf(errors, "error") << (warnings > 0 ? ", " : "");
     if (warnings > 0) out << countOf(warnings, "warning");
-    out << "; " << report.load << ' ' << checkOutcomeName(report.outcome);
-    if (report.outcome != CheckOutcome::Loads && !report.log.empty()) out << ": " << report.log.back();
+    for (const CheckLoad& load : report.loads) {
+        out << "; " << load.words << ' ' << nameOf(load.outcome);
+        if (load.outcome != CheckOutcome::Loads && !load.log.empty()) out << ": " << load.log.back();
+    }
     out << '\n';
 }

@@ -8,6 +8,8 @@
 #include <cstring>
 #include <sstream>
 
+#include "text/utf8.h"
+
 bool colours() {
     static const bool wanted = [] {
         const char* no = std::getenv("NO_COLOR");
@@ -47,7 +49,6 @@ std::string wrapped(const std::string& text, size_t indent, size_t width) {
 }
 
 std::string padded(const std::string& text, size_t width) {
-    const auto letters = static_cast<size_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+    const size_t letters = countCharacters(text);
     return letters < width ? text + std::string(width - letters, ' ') : text;
 }

@@ -1,10 +1,10 @@
 #include "text/words.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
 #include <cstdio>
+
+#include "text/odd_characters.h"
+#include "text/utf8.h"
 
 namespace {
 
@@ -33,52 +33,51 @@ size_t distance(std::string_view a, std::string_view b) {
     return last[b.size()];
 }
 
+// A character between the quotes of a JSON string.
+std::string inString(char32_t code, std::string_view character) {
+    switch (code) {
+        case '"':
+        case '\\':
+            return '\\' + std::string(character);
+        case '\n':
+            return "\\n";
+        case '\r':
+            return "\\r";
+        case '\t':
+            return "\\t";
+        default:
+            break;
+    }
+    const std::optional<OddCharacter> odd = oddCharacter(code);
+    if (!steersTerminal(code) && !(odd && odd->isInvisible())) return std::string(character);
+    char escape[8];
+    std::snprintf(escape, sizeof(escape), "\\u%04X", static_cast<unsigned>(code & 0xFFFF));
+    return escape;
+}
+
 }  // namespace
 
 std::string printable(std::string_view text) {
-    std::string result(text);
-    for (char& c : result) {
-        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '?';
+    std::string result;
+    for (size_t at = 0; at < text.size();) {
+        const Utf8Character character = utf8At(text, at);
+        const size_t length = std::max<size_t>(character.length, 1);
+        const bool shown = character.length != 0 && !steersTerminal(character.code);
+        result += shown ? std::string(text.substr(at, length)) : "?";
+        at += length;
     }
     return result;
 }
 
 std::string quoted(std::string_view text) {
     std::string result = "\"";
-    for (const char c : text) {
-        switch (c) {
-            case '"':
-            case '\\':
-                result += '\\';
-                result += c;
-                break;
-            case '\n':
-                result += "\\n";
-                break;
-            case '\r':
-                result += "\\r";
-                break;
-            case '\t':
-                result += "\\t";
-                break;
-            default:
-                if (static_cast<unsigned char>(c) >= 0x20 && c != 0x7F) {
-                    result += c;
-                } else {
-                    char escape[8];
-                    std::snprintf(escape, sizeof(escape), "\\u%04X", static_cast<unsigned>(c));
-                    result += escape;
-                }
-        }
+    for (size_t at = 0; at < text.size();) {
+        const Utf8Character character = utf8At(text, at);
+        const size_t length = std::max<size_t>(character.length, 1);
+        result += character.length != 0 ? inString(character.code, text.substr(at, length)) : "?";
+        at += length;
     }
     return result + '"';
-}
-
-std::string numberText(float value) {
-    if (std::isnan(value)) return "not a number";
-    if (std::isinf(value)) return value < 0 ? "minus infinity" : "infinity";
-    std::array<char, 32> text{};
-    return {text.data(), std::to_chars(text.data(), text.data() + text.size(), value).ptr};
 }
 
 std::string hexText(int32_t bits) {

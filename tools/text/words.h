@@ -6,14 +6,11 @@
 #include <string_view>
 #include <vector>
 
-// In double quotes as JSON writes it: control characters, quotes and backslashes as escapes.
+// In double quotes as JSON writes it: quotes, backslashes and what a terminal does not show as it is as escapes.
 std::string quoted(std::string_view text);
 
-// Control characters as '?', so that a file cannot steer the terminal.
+// What is no character or would steer the terminal as '?'.
 std::string printable(std::string_view text);
-
-// The shortest text that reads back as the same float.
-std::string numberText(float value);
 
 // "0x1f"
 std::string hexText(int32_t bits);

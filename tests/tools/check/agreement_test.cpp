@@ -32,15 +32,15 @@ private:
     const int descriptor_;
 };
 
-// True when check and loader agree. The file stays behind when they do not.
+// True when check and loader agree. The caller prints the file when they do not.
 bool agrees(const std::string& part, const std::string& path, CheckReport* report) {
     {
         const LogCatcher ignored;
         *report = checkFile(path, partNamed(part));
     }
-    const Loading loading = loadPart(part, path, report->outcome == CheckOutcome::Aborts);
-    EXPECT_EQ(std::string(checkOutcomeName(report->outcome)), checkOutcomeName(loading.outcome));
-    EXPECT_EQ(report->log, loading.log);
+    const Loading loading = loadPart(part, path, report->outcome() == CheckOutcome::Aborts);
+    EXPECT_EQ(std::string(nameOf(report->outcome())), nameOf(loading.outcome));
+    EXPECT_EQ(report->loads.front().log, loading.log);
     EXPECT_EQ(report->count(CheckLevel::Error) > 0, loading.outcome != CheckOutcome::Loads);
     return !testing::Test::HasFailure();
 }
@@ -84,8 +84,8 @@ TEST_P(AgreementOnMutations, Holds) {
             ASSERT_TRUE(agrees(part, mutation.path(), &report))
                 << "mutation " << i << ", part " << part << ":\n"
                 << text;
-            ++outcomes[report.outcome];
-            messages.insert(report.log.begin(), report.log.end());
+            ++outcomes[report.outcome()];
+            messages.insert(report.loads.front().log.begin(), report.loads.front().log.end());
         }
     }
     // The mutations reach all that they are made for.

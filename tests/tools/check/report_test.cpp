@@ -14,6 +14,7 @@
 #include "check/rules.h"
 #include "loading.h"
 #include "model/places.h"
+#include "report/check_report.h"
 
 namespace {
 
@@ -82,7 +83,7 @@ TEST(Codes, StandInTheDocumentationWithAnExampleThatDrawsThem) {
     }
     std::vector<std::string> coded;
     for (const CheckCode* code : checkCodes()) {
-        coded.push_back(std::string(code->id) + ' ' + checkLevelName(code->level) + ' ' + code->title);
+        coded.push_back(std::string(code->id) + ' ' + nameOf(code->level) + ' ' + code->title);
     }
     EXPECT_EQ(documented, coded);
 }
@@ -153,15 +154,21 @@ TEST(Places, CountCharactersInOneLongLine) {
     EXPECT_EQ(report.findings[1].place.characters, 3014U);
 }
 
+CheckReport reportOf(const char* file, const TextPlace& place) {
+    CheckReport report;
+    report.file = file;
+    report.add({&kUnknownKey, place, "text", "device", ""});
+    return report;
+}
+
 TEST(TextReport, CutsLongLinesToTheWidthAroundTheMark) {
-    CheckPlace place;
+    TextPlace place;
     place.line = 7;
     place.column = 301;
     place.length = 4;
     place.quote = std::string(150, 'a') + "MARK" + std::string(150, 'b');
     place.quoteMark = 150;
-    const CheckReport report = {
-        "f", {{&kUnknownKey, place, "text", "device", ""}}, "load", CheckOutcome::Loads, {}};
+    const CheckReport report = reportOf("f", place);
     std::ostringstream out;
     writeCheckText(report, {false, 40}, out);
     EXPECT_THAT(out.str(), testing::HasSubstr("     7 | ...aaaaaaaaaaaaMARKbbbbbbbbb...\n"
@@ -169,17 +176,16 @@ TEST(TextReport, CutsLongLinesToTheWidthAroundTheMark) {
 }
 
 TEST(TextReport, LetsNoFileSteerTheTerminal) {
-    CheckPlace place;
+    TextPlace place;
     place.line = 1;
     place.quote = "\x1b[2J\xC2\x9B\xFFk\xC3\xA9";
     place.quoteMark = 7;
     place.length = 3;
-    const CheckReport report = {
-        "\x1b", {{&kUnknownKey, place, "text", "device", ""}}, "load", CheckOutcome::Loads, {}};
+    const CheckReport report = reportOf("\x1b", place);
     std::ostringstream out;
     writeCheckText(report, {}, out);
     EXPECT_THAT(out.str(), testing::HasSubstr("?:1:0: "));
-    EXPECT_THAT(out.str(), testing::HasSubstr("     1 | ?[2J???k\xC3\xA9\n       |        ^~\n"));
+    EXPECT_THAT(out.str(), testing::HasSubstr("     1 | ?[2J??k\xC3\xA9\n       |       ^~\n"));
 }
 
 }  // namespace

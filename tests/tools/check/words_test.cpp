@@ -33,7 +33,7 @@ INSTANTIATE_TEST_SUITE_P(Names, Slips,
                                          Slip{"gain", "fGain"}));
 
 struct Broken {
-    const char* text;  // up to where the parser stops stands before the '^'
+    const char* text;  // the parser stops at the '^', which is left out
     const char* help;
 };
 
@@ -63,8 +63,8 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"{\"a\": 1\n^\"b\": 2}", "put a comma at the end of line 1"},
         Broken{"{\"a\": {}\n\n^\"b\": 2}", "put a comma at the end of line 1"},
         Broken{"{\"a\": 1,\n^}", "remove the comma at the end of line 1, or add what should follow it"},
-        Broken{"{\"a\": ^}", "write a value behind the ':'"},
-        Broken{"{\"a\": ^,", "write a value behind the ':'"},
+        Broken{"{\"a\": ^}", "write a value after the ':'"},
+        Broken{"{\"a\": ^,", "write a value after the ':'"},
         Broken{"{\"a\": 1, ^// why", "JSON has no comments: remove it"},
         Broken{"{^'a': 1}", "use double quotes"}, Broken{"{\"a\": ^True}", kNames}, Broken{"{^a: 1}", kNames},
         Broken{"{\"a\": ^+1}", kNumbers}, Broken{"{\"a\": ^.5}", kNumbers}, Broken{"{\"a\": 0^5}", kNumbers},
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"{\"a\": [ \"status\"^: 1",
                "names with values stand between '{' and '}': open them with a '{'"},
         Broken{"{\"a\": \"b\"\n^],", "close with a '}' what a '{' opens"},
-        Broken{"{\"a\": 1}\n^]", "remove what stands behind the last '}'"},
+        Broken{"{\"a\": 1}\n^]", "remove what comes after the last '}'"},
         Broken{"{\"a\": \"1.0^\t0.85\"", kTab}, Broken{"{\"a^\t\": 1}", kTab},
         Broken{"{\"a\": \"b^\x1B\"", kTab}, Broken{"{\"a\": 24^\xC2\xA0", kPlain},
         Broken{"{\"a\": ^\xE2\x88\x92-1", kPlain}, Broken{"{\"a\": ^\xE2\x80\x93-1", kPlain},
@@ -95,8 +95,8 @@ INSTANTIATE_TEST_SUITE_P(
         Broken{"{\"a\": \"b^\n", "close the string with a quote on the same line"},
         Broken{"{\"a\": 1^;", "write a comma instead"},
         Broken{"{\"a\" ^= 1", "write a ':' between key and value"},
-        Broken{"{\"a\" ^1", "put a ':' between key and value, a comma behind a value"},
-        Broken{"{}^x", "remove what stands behind the last '}'"},
+        Broken{"{\"a\" ^1", "put a ':' between key and value, a comma after a value"},
+        Broken{"{}^x", "remove what comes after the last '}'"},
         Broken{"{\"a\": ^\xE2\x80\x9C", "use plain double quotes, not typographic ones"},
         Broken{"{\"a\": \"^\xE9\"}", "save the file as UTF-8"},
         Broken{"{\"a\": {^", "the file ends too early: close every '{' with a '}'"},
