@@ -1,48 +1,24 @@
 # Completion of eboconf for bash: source this file, or put it where bash-completion looks for the command's name.
 
+# The tool itself says what fits. Bash takes "--part=be" for three words: they are one again here, and what it inserts
+# stands after the "=".
 _eboconf() {
-    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command='' i options=''
-    for ((i = 1; i < COMP_CWORD; ++i)); do
-        if [[ ${COMP_WORDS[i]} != -* ]]; then
-            command=${COMP_WORDS[i]}
-            break
+    local words=() word before='' after_equals=''
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD}"; do
+        if [[ ${#words[@]} -gt 0 && ($word == = || $before == =) && ${words[-1]} == --* ]]; then
+            words[-1]+=$word
+            after_equals=yes
+        else
+            words+=("$word")
+            after_equals=''
         fi
+        before=$word
     done
-    COMPREPLY=()
 
-    case $before in
-        --part)
-            mapfile -t COMPREPLY < <(compgen -W 'full aec beamform ao agc' -- "$word")
-            return
-            ;;
-        --format)
-            local forms='text json'
-            [[ $command == check ]] && forms+=' sarif'
-            mapfile -t COMPREPLY < <(compgen -W "$forms" -- "$word")
-            return
-            ;;
-    esac
-
-    case $command in
-        '')
-            mapfile -t COMPREPLY < <(compgen -W \
-                'check dump defaults explain diff export schema keys --help --version' -- "$word")
-            return
-            ;;
-        check) options='--part --strict --format' ;;
-        dump) options='--part --verbose' ;;
-        explain) options='--part' ;;
-        diff) options='--part --format' ;;
-        export) options='--part --defaults' ;;
-        keys) options='--markdown --dictionary --names' ;;
-    esac
-
-    if [[ $word == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$options --help" -- "$word")
-    elif [[ $command == keys ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$("${COMP_WORDS[0]}" keys --names 2>/dev/null)" -- "$word")
-    fi
-    # Without a word of ours, the shell offers files.
+    local lines
+    lines=$("${COMP_WORDS[0]}" complete -- "${words[@]}" 2>/dev/null) && compopt +o default 2>/dev/null
+    mapfile -t COMPREPLY < <(cut -f 1 <<<"$lines" | grep .)
+    [[ $after_equals ]] && COMPREPLY=("${COMPREPLY[@]#*=}")
 }
 
 complete -o default -F _eboconf eboconf

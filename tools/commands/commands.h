@@ -26,3 +26,4 @@ void addExplainCommand(CLI::App& app, ExitStatus& status);
 void addExportCommand(CLI::App& app, ExitStatus& status);
 void addKeysCommand(CLI::App& app, ExitStatus& status);
 void addSchemaCommand(CLI::App& app, ExitStatus& status);
+void addCompleteCommand(CLI::App& app, ExitStatus& status);

@@ -28,6 +28,7 @@ ExitStatus run(int argc, char** argv) {
     addExportCommand(app, status);
     addKeysCommand(app, status);
     addSchemaCommand(app, status);
+    addCompleteCommand(app, status);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

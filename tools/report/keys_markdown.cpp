@@ -6,7 +6,7 @@ namespace {
 constexpr char kHead[] =
     R"(# The sections and keys of a tuning file
 
-Written by `eboconf keys --markdown` from the tables that the readers use; do not edit.
+Written by `eboconf keys --format markdown` from the tables that the readers use; do not edit.
 
 A tuning file is a JSON object of root objects: `ebo_configs` for the capture path, `ebo_ao_configs` for the playback
 path, `ebo_agc_configs` for gain control alone. A root holds sections, a section holds keys. The sections stand here in
@@ -50,7 +50,7 @@ std::string placeItem(const SectionPlace& place) {
 
 }  // namespace
 
-std::string markdownReference() {
+std::string keysMarkdown() {
     std::string text = kHead;
     const EboLoad& whole = *rootLoads().front();
     for (size_t i = 0; i < whole.sectionCount; ++i) {

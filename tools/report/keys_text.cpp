@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <set>
 
 #include "model/meanings.h"
 #include "report/keys.h"
@@ -13,7 +14,7 @@ std::string ordinalOf(const EboSection& section) {
            std::to_string(whole.sectionCount);
 }
 
-// "  label   text", the text wrapped behind the label.
+// "  label   text", the text wrapped after the label.
 std::string labelled(const std::string& label, const std::string& text, size_t labelWidth, size_t width) {
     const std::string lines = wrapped(text, labelWidth, std::max(width, labelWidth + 20));
     return label + lines.substr(std::min(label.size(), labelWidth));
@@ -33,8 +34,6 @@ std::string placeLine(const SectionPlace& place) {
     if (capture) text += place.required ? ", required" : ", optional";
     return text;
 }
-
-}  // namespace
 
 std::string sectionReference(const SectionPlace& place, size_t width) {
     std::string text = styled(Style::Bold, place.section->name) + "\n" +
@@ -73,5 +72,32 @@ std::string keyReference(const KeyFacts& facts, size_t width) {
     if (facts.order != 0) add("order", std::to_string(facts.order) + " in its section");
     add("default", facts.value.empty() ? "none" : facts.value);
     if (facts.order != 0) add("missing", facts.missing.empty() ? "the key is optional" : facts.missing);
+    return text;
+}
+
+// "name  meaning", the meanings below each other.
+std::string hitList(const std::vector<KeyHit>& hits, size_t width) {
+    size_t nameWidth = 0;
+    for (const KeyHit& hit : hits) nameWidth = std::max(nameWidth, hit.name().size());
+    std::string text;
+    for (const KeyHit& hit : hits) {
+        const std::string label = padded(hit.name(), nameWidth) + "  ";
+        text += labelled(label, hit.meaning(), label.size(), width);
+    }
+    return text;
+}
+
+}  // namespace
+
+std::string keysText(const KeyHits& hits, size_t width) {
+    if (!hits.inFull) return hitList(hits.list, width);
+    std::string text;
+    std::set<const EboSection*> shown;  // under all of its root objects at once
+    for (const KeyHit& hit : hits.list) {
+        if (shown.count(hit.place->section) != 0) continue;
+        if (!text.empty()) text += "\n";
+        if (!hit.key) shown.insert(hit.place->section);
+        text += hit.key ? keyReference(*hit.key, width) : sectionReference(*hit.place, width);
+    }
     return text;
 }

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <map>
+#include <nlohmann/json.hpp>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -10,6 +12,8 @@
 
 namespace {
 
+using testing::Contains;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -93,7 +97,7 @@ TEST(KeyFacts, TellBitAndMessage) {
 
 // The form that a fuzzer takes: comments, empty lines, and quoted entries with no escapes but these.
 TEST(FuzzDictionary, IsWellFormedAndHoldsEveryName) {
-    const std::string text = fuzzDictionary();
+    const std::string text = keysDictionary();
     const std::regex form(R"re((#.*|"([^"\\]|\\"|\\\\)+"))re");
     std::istringstream lines(text);
     std::set<std::string> seen;
@@ -115,17 +119,81 @@ TEST(Meanings, SaySoWhereThereIsNone) {
     EXPECT_STREQ("Not explained yet", meaningOf("unknown", nullptr));
 }
 
-TEST(NameList, NamesWhatTheReferenceKnows) {
-    std::istringstream lines(nameList());
-    size_t count = 0;
-    for (std::string line; std::getline(lines, line); ++count) {
-        const bool section = line.find('.') == std::string::npos;
-        if (!section) continue;
-        EXPECT_STRNE("Not explained yet", meaningOf(line.c_str(), nullptr)) << line;
+std::vector<std::string> namesFound(const std::string& word) {
+    std::vector<std::string> names;
+    for (const KeyHit& hit : findKeys(word).list) names.push_back(hit.name());
+    return names;
+}
+
+TEST(FindKeys, TakesASectionWithItsKeysUnderItsOwnRoot) {
+    EXPECT_THAT(namesFound("gsc"), ElementsAre("gsc", "gsc.status", "gsc.method"));
+    EXPECT_THAT(namesFound("ebo_ao_configs.howl"),
+                ElementsAre("ebo_ao_configs.howl", "ebo_ao_configs.howl.status", "ebo_ao_configs.howl.mode"));
+}
+
+TEST(FindKeys, TakesAKeyInEverySectionThatHasIt) {
+    EXPECT_THAT(namesFound("drop_ref_channel"), ElementsAre("aec.drop_ref_channel", "bf.drop_ref_channel"));
+    EXPECT_THAT(namesFound("mode"), ElementsAre("howl.mode", "wakeup.mode", "ebo_ao_configs.howl.mode"));
+}
+
+TEST(FindKeys, PrefersTheSpellingGivenThenAnyCaseThenAPart) {
+    EXPECT_THAT(namesFound("startfreq"), ElementsAre("delay.StartFreq"));
+    EXPECT_THAT(namesFound("start"), ElementsAre("delay.StartFreq", "doa.start_freq"));
+    EXPECT_TRUE(findKeys("startfreq").inFull);
+    EXPECT_FALSE(findKeys("start").inFull);
+    EXPECT_TRUE(findKeys("t60").inFull);
+    EXPECT_THAT(namesFound("agc.attack"), ElementsAre("agc.attack_time"));
+    EXPECT_TRUE(findKeys("agc.attack").inFull);
+}
+
+TEST(FindKeys, LooksIntoMeaningsOfSectionsAndKeysButNotOfStatuses) {
+    EXPECT_THAT(namesFound("wake-word"), ElementsAre("wakeup"));
+    EXPECT_THAT(namesFound("double-talk"), ElementsAre("dtd"));
+    EXPECT_THAT(namesFound("enables the module"), IsEmpty());
+    EXPECT_THAT(namesFound("peak"), ElementsAre("agc.max_peak"));  // not the delay to the loudspeaker
+    EXPECT_THAT(namesFound("mic"), ElementsAre("aec", "aec.mic_chn_map", "delay", "delay.MicAmpThr"));
+    EXPECT_THAT(namesFound("no such word"), IsEmpty());
+}
+
+TEST(FindKeys, TakesEverythingWithoutAName) {
+    size_t expected = 0;
+    for (const SectionPlace& place : sectionPlaces()) expected += factsOf(place).size() + 1;
+    EXPECT_EQ(namesFound("").size(), expected);
+}
+
+// Each hit states what the facts do; what is empty there is null here.
+TEST(KeysJson, HoldsWhatIsKnown) {
+    const nlohmann::json all = nlohmann::json::parse(keysJson(findKeys("")));
+    EXPECT_EQ(all["sections"].size(), sectionPlaces().size());
+    std::map<std::string, nlohmann::json> keys;
+    for (const nlohmann::json& key : all["keys"]) keys[key["name"]] = key;
+    EXPECT_EQ(keys.size(), all["keys"].size());
+    for (const SectionPlace& place : sectionPlaces()) {
+        for (const KeyFacts& facts : factsOf(place)) {
+            const nlohmann::json& key = keys[facts.name];
+            EXPECT_EQ(key["section"], nameOf(place));
+            EXPECT_EQ(key["key"], facts.key);
+            EXPECT_EQ(key["meaning"], facts.meaning);
+            EXPECT_EQ(key["default"].is_null(), facts.value.empty()) << facts.name;
+            EXPECT_EQ(key["required"], !facts.missing.empty()) << facts.name;
+            EXPECT_EQ(key["order"].is_null(), facts.order == 0) << facts.name;
+        }
     }
+    EXPECT_EQ(keys["agc.fRk0"]["default"], -40.0);
+    EXPECT_EQ(keys["anr.swU"]["default"], 10);
+    EXPECT_EQ(keys["aec.mic_chn_map"]["default"], "8 chn;map:1,0,3,2,5,4,6,7");
+}
+
+// Those that a file can hold.
+TEST(KeysNames, AreTheNamesOfSectionsAndKeys) {
+    std::istringstream lines(keysNames(findKeys("")));
+    std::vector<std::string> names;
+    for (std::string line; std::getline(lines, line);) names.push_back(line);
     size_t expected = 0;
     for (const SectionPlace& place : sectionPlaces()) expected += keysOf(*place.section).size() + 2;
-    EXPECT_EQ(count, expected);
+    EXPECT_EQ(names.size(), expected);
+    EXPECT_THAT(names, Contains("agc.fRk0"));
+    EXPECT_THAT(names, Not(Contains("agc.sample_rate")));
 }
 
 }  // namespace

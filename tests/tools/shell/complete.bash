@@ -3,36 +3,50 @@ set -uo pipefail
 source "$1"
 failed=0
 
+# What the function takes back: that the shell offers files where there are no words.
+compopt() { files=no; }
+
 # expect "LINE" WORDS...: what completes the last word of the line, which may be empty.
 expect() {
     local line=$1
     shift
-    read -r -a COMP_WORDS <<<"$line"
-    [[ $line == *' ' ]] && COMP_WORDS+=('')
+    # The shell's own division of a line, in which "=" is a word.
+    read -r -a COMP_WORDS <<<"${line//=/ = }"
+    [[ $line == *[\ =] ]] && COMP_WORDS+=('')
+    [[ $line == *= ]] && unset 'COMP_WORDS[-1]'
     COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+    files=yes
     _eboconf
     if [[ "${COMPREPLY[*]}" != "$*" ]]; then
         echo "'$line': ${COMPREPLY[*]:-nothing} and not ${*:-nothing}"
         failed=1
     fi
 }
+# files "LINE": no words, so that the shell offers files; nothing "LINE": not even files.
+files() { expect "$1" && [[ $files == yes ]] || { echo "'$1': no files"; failed=1; }; }
+nothing() { expect "$1" && [[ $files == no ]] || { echo "'$1': files"; failed=1; }; }
 
-expect 'eboconf ' check dump defaults explain diff export schema keys --help --version
+expect 'eboconf ' dump defaults check diff explain export keys schema
 expect 'eboconf d' dump defaults diff
 expect 'eboconf --v' --version
-expect 'eboconf ex' explain export
-expect 'eboconf dump --' --part --verbose --help
-expect 'eboconf check --part ' full aec beamform ao agc
-expect 'eboconf check --format ' text json sarif
+expect 'eboconf dump --' --help --part --verbose
+expect 'eboconf check --part ' auto full aec beamform ao agc
+expect 'eboconf check --part=' auto full aec beamform ao agc
+expect 'eboconf check --part=be' beamform
+expect 'eboconf check --part=be --form' --format
+expect 'eboconf check --part beam --format=s' sarif
 expect 'eboconf diff --format ' text json
-expect 'eboconf diff --part a' aec ao agc
-expect 'eboconf export --d' --defaults
+expect 'eboconf dump --part agc --' --help --verbose
 expect 'eboconf schema -' --help
-expect 'eboconf keys --' --markdown --dictionary --names --help
 expect 'eboconf keys agc.fRk' agc.fRk0 agc.fRk1 agc.fRk2
+expect 'eboconf keys fRk' fRk0 fRk1 fRk2
 expect 'eboconf keys fast' fast_aec fast_aec.status
-# Files are the shell's own business.
-expect 'eboconf dump tun'
-expect 'eboconf diff a.json '
+files 'eboconf dump tun'
+files 'eboconf diff a.json '
+files 'eboconf check -- --'
+nothing 'eboconf schema '
+nothing 'eboconf dump a.json '
+nothing 'eboconf dump --part=x'
+nothing 'eboconf keys -- a'
 [[ $(complete -p eboconf) == 'complete -o default -F _eboconf eboconf' ]] || failed=1
 exit $failed

@@ -15,10 +15,15 @@ expect 'eboconf d' defaults diff dump
 expect 'eboconf ex' explain export
 expect 'eboconf --v' --version
 expect 'eboconf dump --v' --verbose
-expect 'eboconf check --part ' aec agc ao beamform full
+expect 'eboconf check --part ' aec agc ao auto beamform full
+expect 'eboconf check --part=be' --part=beamform
 expect 'eboconf check --format ' json sarif text
 expect 'eboconf diff --format ' json text
 expect 'eboconf export --d' --defaults
 expect 'eboconf keys agc.fRk' agc.fRk0 agc.fRk1 agc.fRk2
+expect 'eboconf keys fRk' fRk0 fRk1 fRk2
+expect 'eboconf keys -- a'
 expect 'eboconf dump docs/ma' docs/man/
+expect 'eboconf dump -- docs/ma' docs/man/
+expect 'eboconf schema docs/ma'
 exit $failed

@@ -75,10 +75,16 @@ expect() {
 await READY
 expect 'eboconf d' defaults diff dump
 expect 'eboconf ex' explain export
-expect 'eboconf check --part ' aec agc ao beamform full
+expect 'eboconf check --part ' aec agc ao auto beamform full
+expect 'eboconf check --part=be' --part=beamform
 expect 'eboconf check --format ' json sarif text
 expect 'eboconf diff --format ' json text
 expect 'eboconf export --d' --defaults
 expect 'eboconf keys agc.fRk' agc.fRk0 agc.fRk1 agc.fRk2
+expect 'eboconf keys fRk' fRk0 fRk1 fRk2
+expect 'eboconf keys -- a'
+expect 'eboconf dump docs/ma' man
+expect 'eboconf dump -- docs/ma' man
+expect 'eboconf schema docs/ma'
 zpty -d shell
 exit $failed

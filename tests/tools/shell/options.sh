@@ -1,10 +1,10 @@
-# The file knows every command and every option of the tool, and names no option that the tool does not have.
+# The man page knows every command and every option of the tool, and names no option that the tool does not have.
 set -uo pipefail
 file=$1
 failed=0
 
-# Long options in a text; a man page writes them "Fl -part", fish "-l part".
-options_in() { grep -o -E -e '(^|[^-[:alnum:]])--[a-z]+' -e 'Fl -[a-z]+' -e '-l [a-z]+' | sed 's/^.*[- ]//' | sort -u; }
+# Long options in a text; the page writes them "Fl -part", and "Fl -to-part" too.
+options_in() { grep -o -E -e '(^|[^-[:alnum:]])--[a-z][a-z-]*' -e 'Fl -[a-z][a-z-]*' | sed 's/^.*[^a-z-]//; s/^-*//' | sort -u; }
 
 commands=$(eboconf --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p')
 [[ $(wc -w <<<"$commands") -ge 8 ]] || { echo "no commands in --help"; exit 1; }

@@ -25,7 +25,7 @@ bool isRow(const EboKeyRow& row) {
 
 }  // namespace
 
-std::string fuzzDictionary() {
+std::string keysDictionary() {
     std::set<std::string> words;
     std::set<std::string> rows;
     for (const SectionPlace& place : sectionPlaces()) {
@@ -37,7 +37,7 @@ std::string fuzzDictionary() {
             if (isRow(*row)) rows.insert(sampleOf(*row));
         }
     }
-    std::string text = "# Written by eboconf keys --dictionary.\n# Roots, sections and keys\n";
+    std::string text = "# Written by eboconf keys --format dictionary.\n# Roots, sections and keys\n";
     for (const std::string& word : words) text += entry(word);
     text += "# Statuses\n" + entry("enable") + entry("disable") + "# Rows\n";
     for (const std::string& row : rows) text += entry(row);
@@ -45,15 +45,6 @@ std::string fuzzDictionary() {
     for (const char* part : {" chn;map:", "17 chn;map:", ",", "  ", "inf", "nan", "0x1p-3", "1e999", "-1",
                              "65536", "2147483648", "true", "null"}) {
         text += std::string("\"") + part + "\"\n";
-    }
-    return text;
-}
-
-std::string nameList() {
-    std::string text;
-    for (const SectionPlace& place : sectionPlaces()) {
-        text += nameOf(place) + "\n" + nameOf(place, place.section->rows[0]) + "\n";
-        for (const EboKeyRow* row : keysOf(*place.section)) text += nameOf(place, *row) + "\n";
     }
     return text;
 }
