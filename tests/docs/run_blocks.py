@@ -3,8 +3,8 @@
 
     run_blocks.py DOCUMENT SCRATCH
 
-A fenced block whose first line names a path behind its language is written to that path. Blocks of `sh` are run by one
-shell, which stops at the first command that fails; a block of `text` behind one is the end of what it prints. A block
+A fenced block whose first line names a path after its language is written to that path. Blocks of `sh` are run by one
+shell, which stops at the first command that fails; a block of `text` after one is the end of what it prints. A block
 of `json` is a piece of a tuning file: laid over the main example it must pass the check. A block of `cpp` without a path
 is for reading alone; one of any other kind fails the document.
 """

@@ -1,5 +1,5 @@
-// dump PART FILE prints the dump of one loader's records, as this framework's log has kept it; dump defaults that of
-// the built-in ones.
+// dump PART FILE prints the dump of one loader's records, as this framework's log has kept it; dump defaults
+// that of the built-in ones.
 #include <ebo_config.h>
 #include <ka/log_ring.h>
 

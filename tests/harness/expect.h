@@ -9,14 +9,9 @@
 #include <vector>
 
 #include "harness/host.h"
+#include "model/expectation.h"
 
-struct ExpectedLine {
-    bool error;
-    int level;
-    std::string function;
-    std::string format;  // as it was handed over
-    std::string text;    // with its arguments
-};
+using ExpectedLine = model::Line;
 
 inline std::string red(const std::string& text) {
     return "\x1b[31m\x1b[1m" + text + "\x1b[0m";

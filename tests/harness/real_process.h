@@ -1,23 +1,23 @@
 // What the hosts over real frameworks share: documents are files, and leaks are the sanitizer's to find.
 #pragma once
 
+#include <list>
+#include <optional>
 #include <string>
-#include <vector>
+
+#include "model/expected_leaks.h"
+#include "model/memory_file.h"
 
 class RealProcess {
 public:
-    RealProcess() = default;
-    ~RealProcess();
-    RealProcess(const RealProcess&) = delete;
-    RealProcess& operator=(const RealProcess&) = delete;
-
-    // In memory: a death test leaves no file behind.
-    std::string file(const std::string& text);
+    std::string file(const std::string& text) { return files_.emplace_back(text).path(); }
 
     // From now on, until the end of this object.
-    void expectLeaks();
+    void expectLeaks() {
+        if (!leaks_) leaks_.emplace(1);
+    }
 
 private:
-    std::vector<int> files_;
-    bool leaks_ = false;
+    std::list<model::MemoryFile> files_;
+    std::optional<model::ExpectedLeaks> leaks_;
 };

@@ -15,7 +15,7 @@ inline std::vector<std::string> calls(const ka_recording::Recorder& recorder,
     return lines;
 }
 
-// What each block is called: the function that asked for it, ":2" behind it for its second block and so on; a
+// What each block is called: the function that asked for it, ":2" after it for its second block and so on; a
 // copied text is called by its words.
 inline std::map<int, std::string> blockNames(const ka_recording::Recorder& recorder) {
     std::map<int, std::string> names;

@@ -1,4 +1,5 @@
-# The tests that the rows of `table` name exist: `Suite.Name`, or `Suite.Name/Instance` for one line of data of it.
+# The tests that the rows of `table` name exist: `Suite.Name`, or `Suite.Name/Instance` for one line of data
+# of it.
 file(GLOB sources "${tests}/*/*.cpp")
 set(code "")
 foreach(source IN LISTS sources)

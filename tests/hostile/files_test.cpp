@@ -1,4 +1,5 @@
-// Files that are no tuning files, through every loader: null, one report of the framework, none of the library.
+// Files that are no tuning files, through every loader: null, one report of the framework, none of the
+// library.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -37,7 +37,7 @@ std::string extents() {
 std::string g_record;  // the one whose fields come
 size_t g_size = 0;     // its size in this build
 size_t g_align = 1;    // its alignment
-size_t g_end = 0;      // behind the last field so far
+size_t g_end = 0;      // after the last field so far
 
 size_t alignUp(size_t offset, size_t align) {
     return (offset + align - 1) / align * align;

@@ -1,137 +1,221 @@
-// What a record holds after its creation; with garbage-filled memory, that nothing else was written.
-#include "defaults.h"
-#include "harness/bytes.h"
-#include "harness/expect.h"
+// What a record holds after its creation, which blocks are allocated for it, and what becomes of it when one
+// fails.
+#include "harness/modelled.h"
+#include "harness/trace.h"
 
+using ka_recording::Op;
+using model::Key;
+using model::Section;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
 
-// Both kinds of memory that an allocator may hand out; the embedded framework has only the first.
-std::vector<unsigned char> fills() {
-    if (Host::kRecords) return {0x00, 0xa5};
-    return {0x00};
+struct Block {
+    const char* maker;
+    size_t size;
+};
+
+// A create function with its destroy function, and the blocks in the order of their allocation.
+struct Creation {
+    const char* name;  // of its section
+    void* (*create)();
+    void (*destroy)(void* record);
+    std::vector<Block> blocks;
+};
+
+template <auto Create, auto Destroy>
+Creation creation(const char* name, std::vector<Block> blocks) {
+    return {name, [] { return static_cast<void*>(Create()); },
+            [](void* record) {
+                auto* typed = static_cast<decltype(Create())>(record);
+                if (typed) Destroy(&typed);
+            },
+            std::move(blocks)};
 }
 
-void handOut(Host& host, unsigned char fill) {
-    if constexpr (Host::kRecords) host.recorder().garbage = fill != 0;
-    EXPECT_THAT(host.log(), IsEmpty());
+const Block kRoot = {"createEboConfigs", sizeof(KAEboParam)};
+const Block kAec = {"createEboAecConfig", sizeof(EboAecParam)};
+const Block kBf = {"createEboBeamFormConfig", sizeof(EboBeamFormParam)};
+const Block kRx = {"createEboRxconfig", sizeof(EboRxParam)};
+const Block kAgc = {"createEboAgcConfig", sizeof(EboAgcParam)};
+const Block kAnr = {"createEboAnrConfig", sizeof(EboAnrParam)};
+const Block kNlp = {"createEboNlpconfig", sizeof(EboNlpParam)};
+const Block kDereverb = {"createEboDereverbConfig", sizeof(EboDereverbParam)};
+const Block kCng = {"createEboCngConfig", sizeof(EboCngParam)};
+const Block kDtd = {"createEboDtdConfig", sizeof(EboDtdParam)};
+const Block kAes = {"createEboAesconfig", sizeof(EboAesParam)};
+
+// clang-format off
+const Creation kCreations[] = {
+    creation<createEboAgcConfig, destroyEboAgcConfig>("agc", {kAgc}),
+    creation<createEboAnrConfig, destroyEboAnrConfig>("anr", {kAnr}),
+    creation<createEboNlpconfig, destroyEboNlpConfig>("nlp", {kNlp}),
+    creation<createEboDereverbConfig, destroyEboDereverbConfig>("dereverb", {kDereverb}),
+    creation<createEboCngConfig, destroyEboCngConfig>("cng", {kCng}),
+    creation<createEboDtdConfig, destroyEboDtdConfig>("dtd", {kDtd}),
+    creation<createEboAesconfig, destroyEboAesConfig>("aes", {kAes}),
+    creation<createEboAecConfig, destroyEboAecConfig>("aec", {kAec}),
+    creation<createEboRxconfig, destroyEboRxConfig>("rx", {kRx, kAnr}),
+    creation<createEboBeamFormConfig, destroyEboBeamFormConfig>("bf", {kBf, kAgc, kAnr, kNlp, kDereverb, kCng, kDtd, kAes}),
+    creation<createEboConfigs, destroyEboConfig>("root", {kRoot, kAec, kBf, kAgc, kAnr, kNlp, kDereverb, kCng, kDtd, kAes}),
+};
+// clang-format on
+constexpr size_t kModules = 7;  // the first of these, in the order in which the beamformer makes them
+
+class EveryCreation : public testing::TestWithParam<Creation> {};
+INSTANTIATE_TEST_SUITE_P(Of, EveryCreation, testing::ValuesIn(kCreations), nameOfCase<Creation>);
+
+std::vector<std::string> mallocs(const std::vector<Block>& blocks, size_t missing = 0) {
+    std::vector<std::string> lines;
+    int number = 0;
+    for (size_t i = 0; i < blocks.size(); ++i)
+        lines.push_back("malloc " + (i + 1 == missing ? "null" : "#" + std::to_string(++number)) + " " +
+                        blocks[i].maker);
+    return lines;
 }
 
-// `links` are the pointers that must have been set; their targets are checked elsewhere.
-template <typename Record, typename... Pointer>
-void expectDefaults(const Record* got, unsigned char fill, Pointer Record::*... links) {
-    ASSERT_NE(got, nullptr);
-    Record want;
-    setDefaultsOver(fill, &want);
-    ((want.*links = got->*links), ...);
-    EXPECT_EQ(bytes(*got), bytes(want));
-}
-
-template <typename Record>
-void expectModule(Record* (*create)(), void (*destroy)(Record**)) {
-    for (const unsigned char fill : fills()) {
-        Host host;
-        handOut(host, fill);
-        Record* record = create();
-        expectDefaults(record, fill);
-        destroy(&record);
-        EXPECT_THAT(host.log(), IsEmpty());
+TEST_P(EveryCreation, AllocatesInOrderUnderItsOwnNameAndClearsNothing) {
+    Host host;
+    GetParam().destroy(GetParam().create());
+    expectLog(host, {});
+    if constexpr (Host::kRecords) {
+        EXPECT_EQ(calls(host.recorder(), {Op::Malloc, Op::Memset, Op::Strdup, Op::Free}),
+                  mallocs(GetParam().blocks));
+        const auto made = host.recorder().only({Op::Malloc});
+        for (size_t i = 0; i < made.size(); ++i) EXPECT_EQ(made[i].size, GetParam().blocks.at(i).size);
     }
 }
 
-TEST(Create, WritesTheDefaultsOfAModuleAndNothingElse) {
-    expectModule(createEboAnrConfig, destroyEboAnrConfig);
-    expectModule(createEboAgcConfig, destroyEboAgcConfig);
-    expectModule(createEboCngConfig, destroyEboCngConfig);
-    expectModule(createEboDtdConfig, destroyEboDtdConfig);
-    expectModule(createEboDereverbConfig, destroyEboDereverbConfig);
-    expectModule(createEboNlpconfig, destroyEboNlpConfig);
-    expectModule(createEboAesconfig, destroyEboAesConfig);
+void createWithout(const Creation& creation, int allocation) {
+    Host host;
+    host.echo();
+    if constexpr (Host::kRecords) host.recorder().fail_malloc = allocation;
+    creation.create();
 }
 
-void expectAec(EboAecParam* aec, unsigned char fill) {
-    expectDefaults(aec, fill, &EboAecParam::Array_list);
-    ASSERT_NE(aec->Array_list, nullptr);
+// The containers of the tree are asserted; a record of its own that fails is null, a module leaves its slot
+// null.
+TEST_P(EveryCreation, GoesOnWithoutAModuleThatCannotBeAllocated) {
+    if constexpr (Host::kRecords) {
+        const bool is_root = GetParam().name == std::string("root");
+        for (size_t n = 1; n <= GetParam().blocks.size(); ++n) {
+            if (is_root && (n == 2 || n == 3)) continue;
+            Host host;
+            host.recorder().fail_malloc = static_cast<int>(n);
+            void* const record = GetParam().create();
+            EXPECT_EQ(record == nullptr, n == 1);
+            const auto want =
+                mallocs(n == 1 ? std::vector<Block>{GetParam().blocks[0]} : GetParam().blocks, n);
+            EXPECT_EQ(calls(host.recorder(), {Op::Malloc, Op::Memset, Op::SafeFree, Op::Free, Op::Log}),
+                      want);
+            const std::string missing = GetParam().blocks[n - 1].maker;
+            const auto* const bf = is_root && record ? static_cast<KAEboParam*>(record)->bf
+                                   : GetParam().name == std::string("bf")
+                                       ? static_cast<EboBeamFormParam*>(record)
+                                       : nullptr;
+            for (size_t i = 0; bf && i < kModules; ++i) {
+                const auto parts = partsOf(model::Loader::BeamForm, bf, 0);
+                EXPECT_EQ(parts.count(kCreations[i].name),
+                          kCreations[i].blocks[0].maker == missing ? 0U : 1U);
+            }
+            GetParam().destroy(record);
+        }
+    }
+}
+
+TEST(CreateDeathTest, AbortsWhenAContainerOfTheTreeCannotBeMade) {
+    if constexpr (Host::kRecords) {
+        const Creation& root = *(std::end(kCreations) - 1);
+        EXPECT_ASSERTION(createWithout(root, 2), "createEboConfigs", "param->aec != KA_NULL");
+        EXPECT_ASSERTION(createWithout(root, 3), "createEboConfigs", "param->bf != KA_NULL");
+    }
+}
+
+// ---- defaults
+
+// Each field with a default has it, and no other was written; `written` are the places of pointers that were.
+void expectDefaults(const Section& section, const void* record, char fill,
+                    const std::vector<size_t>& written = {}) {
+    ASSERT_NE(record, nullptr) << section.name;
+    const std::string got(static_cast<const char*>(record), section.reader.size);
+    std::string want(got.size(), fill);
+    for (const Key& key : section.keys)
+        if (!key.by_default.is_null()) store(key, model::valueOf(key.by_default), want);
+    for (const size_t place : written) want.replace(place, sizeof(void*), got, place, sizeof(void*));
+    EXPECT_EQ(got, want) << section.name;
+}
+
+void expectAec(EboAecParam* aec, char fill) {
+    expectDefaults(model::sectionOf("aec"), aec, fill, {offsetof(EboAecParam, Array_list)});
     EXPECT_THAT(std::vector<int16_t>(aec->Array_list, aec->Array_list + 8),
                 ElementsAre(1, 0, 3, 2, 5, 4, 6, 7));
     aec->delay = nullptr;  // so that it can be destroyed
 }
 
-void expectBeamForm(EboBeamFormParam* bf, unsigned char fill) {
-    using Bf = EboBeamFormParam;
-    expectDefaults(bf, fill, &Bf::agc, &Bf::anr, &Bf::nlp, &Bf::dereverb, &Bf::cng, &Bf::dtd, &Bf::aes);
-    expectDefaults(bf->agc, fill);
-    expectDefaults(bf->anr, fill);
-    expectDefaults(bf->nlp, fill);
-    expectDefaults(bf->dereverb, fill);
-    expectDefaults(bf->cng, fill);
-    expectDefaults(bf->dtd, fill);
-    expectDefaults(bf->aes, fill);
+void expectBeamForm(EboBeamFormParam* bf, char fill) {
+    std::vector<size_t> slots;
+    for (size_t i = 0; i < kModules; ++i) {
+        const Section& section = model::sectionOf(kCreations[i].name);
+        slots.push_back(section.reader.slot);
+        const void* module = nullptr;
+        std::memcpy(&module, reinterpret_cast<const char*>(bf) + section.reader.slot, sizeof module);
+        expectDefaults(section, module, fill);
+    }
+    expectDefaults(model::sectionOf("bf"), bf, fill, slots);
     bf->howl = nullptr;  // so that it can be destroyed
     bf->doa = nullptr;
     bf->wakeup = nullptr;
     bf->ainr = nullptr;
 }
 
-TEST(Create, PointsTheEchoCancellerAtTheDefaultMap) {
-    for (const unsigned char fill : fills()) {
-        Host host;
-        handOut(host, fill);
-        EboAecParam* aec = createEboAecConfig();
-        expectAec(aec, fill);
-        destroyEboAecConfig(&aec);
+// Both kinds of memory that an allocator may hand out; the real frameworks have only the first.
+class Defaults : public testing::TestWithParam<char> {
+protected:
+    Defaults() {
+        if constexpr (Host::kRecords) host.recorder().garbage = GetParam() != 0;
+    }
+    Host host;
+};
+INSTANTIATE_TEST_SUITE_P(Over, Defaults,
+                         testing::ValuesIn(Host::kRecords ? std::vector<char>{'\0', '\xa5'}
+                                                          : std::vector<char>{'\0'}));
+
+TEST_P(Defaults, AreAllThatIsWrittenToAModule) {
+    for (size_t i = 0; i < kModules; ++i) {
+        void* const record = kCreations[i].create();
+        expectDefaults(model::sectionOf(kCreations[i].name), record, GetParam());
+        kCreations[i].destroy(record);
     }
 }
 
-TEST(Create, SharesOneDefaultMapThatOutlivesTheRecords) {
+TEST_P(Defaults, MakeAWholeTreeWithoutPlaybackPath) {
+    KAEboParam* ebo = createEboConfigs();
+    EXPECT_EQ(ebo->model_en, 3);
+    EXPECT_EQ(ebo->rx, nullptr);
+    expectAec(ebo->aec, GetParam());
+    expectBeamForm(ebo->bf, GetParam());
+    destroyEboConfig(&ebo);
+}
+
+TEST_P(Defaults, GiveThePlaybackPathItsNoiseReduction) {
+    EboRxParam* rx = createEboRxconfig();
+    EXPECT_EQ(rx->model_en, 1);
+    expectDefaults(model::sectionOf("anr"), rx->anr, GetParam());
+    std::string howl(sizeof rx->howl, GetParam());
+    EXPECT_EQ(std::memcmp(&rx->howl, howl.data(), howl.size()), 0);
+    rx->howl = nullptr;
+    destroyEboRxConfig(&rx);
+}
+
+TEST(DefaultMap, IsSharedAndOutlivesTheRecords) {
     Host host;
     EboAecParam* first = createEboAecConfig();
     EboAecParam* second = createEboAecConfig();
     EXPECT_EQ(first->Array_list, second->Array_list);
     destroyEboAecConfig(&first);
-    expectAec(second, 0x00);
+    expectAec(second, '\0');
     destroyEboAecConfig(&second);
-    EboAecParam* third = createEboAecConfig();
-    expectAec(third, 0x00);
-    destroyEboAecConfig(&third);
-}
-
-TEST(Create, GivesTheBeamformerItsDefaultModules) {
-    for (const unsigned char fill : fills()) {
-        Host host;
-        handOut(host, fill);
-        EboBeamFormParam* bf = createEboBeamFormConfig();
-        expectBeamForm(bf, fill);
-        destroyEboBeamFormConfig(&bf);
-    }
-}
-
-TEST(Create, GivesThePlaybackPathItsNoiseReduction) {
-    for (const unsigned char fill : fills()) {
-        Host host;
-        handOut(host, fill);
-        EboRxParam* rx = createEboRxconfig();
-        expectDefaults(rx, fill, &EboRxParam::anr);
-        expectDefaults(rx->anr, fill);
-        rx->howl = nullptr;
-        destroyEboRxConfig(&rx);
-    }
-}
-
-TEST(Create, MakesAWholeTreeWithoutPlaybackPath) {
-    for (const unsigned char fill : fills()) {
-        Host host;
-        handOut(host, fill);
-        KAEboParam* ebo = createEboConfigs();
-        expectDefaults(ebo, fill, &KAEboParam::aec, &KAEboParam::bf, &KAEboParam::rx);
-        expectAec(ebo->aec, fill);
-        expectBeamForm(ebo->bf, fill);
-        EXPECT_EQ(ebo->rx, nullptr);
-        EXPECT_THAT(host.log(), IsEmpty());
-        destroyEboConfig(&ebo);
-    }
 }
 
 }  // namespace

@@ -1,141 +1,229 @@
-// The destroy functions of the modules, the echo canceller and the playback path.
-#include "filled_records.h"
+// The destroy functions: what they release and in which order, null pointers included.
+#include <cstdlib>
 
-using testing::IsEmpty;
+#include "harness/modelled.h"
+#include "harness/trace.h"
+
+using ka_recording::Op;
+using testing::ElementsAre;
 
 namespace {
 
+using Lines = std::vector<std::string>;
+
+template <typename Record>
+Record* make(const char* name = "record") {
+    return static_cast<Record*>(ka_mem_malloc(sizeof(Record), name));
+}
+
+// Every pointer that is handed to a release from its making on, null included.
+class Releases {
+public:
+    Host host;
+    void expect(const Lines& want) {
+        expectLog(host, {});
+        if constexpr (Host::kRecords) {
+            EXPECT_EQ(calls(host.recorder(), {Op::SafeFree, Op::Free}), want);
+        }
+    }
+};
+
 template <typename Record>
 void expectPlain(void (*destroy)(Record**), const std::string& name) {
-    Host host;
-    auto* record = make<Record>("record");
+    Releases releases;
+    auto* record = make<Record>();
     destroy(&record);
     EXPECT_EQ(record, nullptr) << name;
     destroy(&record);
     EXPECT_EQ(record, nullptr) << name;
-    EXPECT_THAT(host.log(), IsEmpty()) << name;
-    expectReleaseCalls(host, {"safe_free #1 " + name, "safe_free null " + name});
+    releases.expect({"safe_free #1 " + name, "safe_free null " + name});
 }
 
 TEST(Destroy, ReleasesAPlainRecordAndHandsNullOn) {
-    expectPlain(destroyEboAnrConfig, "destroyEboAnrConfig");
-    expectPlain(destroyEboAgcConfig, "destroyEboAgcConfig");
-    expectPlain(destroyEboDelayConfig, "destroyEboDelayConfig");
-    expectPlain(destroyEboHowlConfig, "destroyEboHowlConfig");
-    expectPlain(destroyEboDoaConfig, "destroyEboDoaConfig");
-    expectPlain(destroyEboNlpConfig, "destroyEboNlpConfig");
-    expectPlain(destroyEboDereverbConfig, "destroyEboDereverbConfig");
-    expectPlain(destroyEboCngConfig, "destroyEboCngConfig");
-    expectPlain(destroyEboDtdConfig, "destroyEboDtdConfig");
-    expectPlain(destroyEboAesConfig, "destroyEboAesConfig");
+#define EXPECT_PLAIN(destroy) expectPlain(destroy, #destroy)
+    EXPECT_PLAIN(destroyEboAnrConfig);
+    EXPECT_PLAIN(destroyEboAgcConfig);
+    EXPECT_PLAIN(destroyEboDelayConfig);
+    EXPECT_PLAIN(destroyEboHowlConfig);
+    EXPECT_PLAIN(destroyEboDoaConfig);
+    EXPECT_PLAIN(destroyEboNlpConfig);
+    EXPECT_PLAIN(destroyEboDereverbConfig);
+    EXPECT_PLAIN(destroyEboCngConfig);
+    EXPECT_PLAIN(destroyEboDtdConfig);
+    EXPECT_PLAIN(destroyEboAesConfig);
 }
 
-TEST(Destroy, ReleasesTheEchoCancellerAfterItsDelayRecordAndItsMap) {
-    Host host;
-    EboAecParam* aec = makeAec();
-    destroyEboAecConfig(&aec);
-    EXPECT_EQ(aec, nullptr);
-    expectReleases(host, kAecReleases);
+// An all-zero record or a null pointer.
+template <typename Record>
+void expectEmpty(void (*destroy)(Record**), const Lines& of_empty, const Lines& of_null) {
+    Releases empty;
+    auto* record = make<Record>();
+    destroy(&record);
+    EXPECT_EQ(record, nullptr);
+    empty.expect(of_empty);
+    Releases null;
+    destroy(&record);
+    EXPECT_EQ(record, nullptr);
+    null.expect(of_null);
 }
 
-TEST(Destroy, HandsTheEmptySlotsOfTheEchoCancellerOn) {
+TEST(Destroy, HandsEmptySlotsOnAndSurvivesNull) {
+    expectEmpty(destroyEboAecConfig,
+                {"safe_free null destroyEboDelayConfig", "safe_free null destroyEboAecConfig",
+                 "safe_free #1 destroyEboAecConfig"},
+                {"safe_free null destroyEboAecConfig"});
+    expectEmpty(destroyEboWakeupConfig,
+                {"safe_free null destroyEboWakeupConfig", "safe_free null destroyEboWakeupConfig",
+                 "safe_free #1 destroyEboWakeupConfig"},
+                {"safe_free null destroyEboWakeupConfig"});
+    expectEmpty(destroyEboAiNRConfig,
+                {"safe_free null destroyEboAiNRConfig", "safe_free #1 destroyEboAiNRConfig"},
+                {"safe_free null destroyEboAiNRConfig"});
+    expectEmpty(destroyEboRxConfig,
+                {"safe_free null destroyEboAnrConfig", "safe_free null destroyEboHowlConfig",
+                 "safe_free #1 destroyEboRxConfig"},
+                {"safe_free null destroyEboRxConfig"});
+    expectEmpty(destroyEboBeamFormConfig,
+                {"safe_free null destroyEboDereverbConfig", "safe_free null destroyEboNlpConfig",
+                 "safe_free null destroyEboAnrConfig", "safe_free null destroyEboAgcConfig",
+                 "safe_free null destroyEboCngConfig", "safe_free null destroyEboDtdConfig",
+                 "safe_free null destroyEboAesConfig", "safe_free null destroyEboHowlConfig",
+                 "safe_free null destroyEboDoaConfig", "safe_free null destroyEboWakeupConfig",
+                 "safe_free null destroyEboAiNRConfig", "safe_free #1 destroyEboBeamFormConfig"},
+                {});
+    expectEmpty(destroyEboConfig, {"safe_free null destroyEboAecConfig", "safe_free #1 destroyEboConfig"},
+                {});
+    expectEmpty(destroyEboAoConfig, {"safe_free null destroyEboRxConfig", "safe_free #1 destroyEboAoConfig"},
+                {});
+}
+
+// A tree from a file, where a block bears the name of its reader, ":2" for its second one, or of its text.
+class LoadedTree : public testing::Test {
+protected:
     Host host;
-    auto* aec = make<EboAecParam>("aec");
-    destroyEboAecConfig(&aec);
-    EXPECT_EQ(aec, nullptr);
-    expectReleaseCalls(host, {"safe_free null destroyEboDelayConfig", "safe_free null destroyEboAecConfig",
-                              "safe_free #1 destroyEboAecConfig"});
+    const std::string path = host.file(model::sampleDocument().dump());
+
+    template <typename Record>
+    void expectReleased(void (*destroy)(Record**), Record* record, const Lines& want) {
+        host.clearLog();
+        destroy(&record);
+        EXPECT_EQ(record, nullptr);
+        expectLog(host, {});
+        if constexpr (Host::kRecords) {
+            Lines got;
+            for (const std::string& line : releases(host.recorder()))
+                got.push_back(line.substr(line.find(' ') + 1));
+            EXPECT_EQ(got, want);
+        }
+    }
+};
+
+const Lines kCapture = {"parseEboDelayConfigs by destroyEboDelayConfig",
+                        "parseEboAecConfigs:2 by destroyEboAecConfig",
+                        "parseEboAecConfigs by destroyEboAecConfig",
+                        "parseEboDereverbConfigs by destroyEboDereverbConfig",
+                        "parseEboNlpConfigs by destroyEboNlpConfig",
+                        "parseEboAnrConfigs by destroyEboAnrConfig",
+                        "parseEboAgcConfigs by destroyEboAgcConfig",
+                        "parseEboCngConfigs by destroyEboCngConfig",
+                        "parseEboDtdConfigs by destroyEboDtdConfig",
+                        "parseEboAesConfigs by destroyEboAesConfig",
+                        "parseEboHowlConfigs by destroyEboHowlConfig",
+                        "parseEboDoaConfigs by destroyEboDoaConfig",
+                        "hello-lamp by destroyEboWakeupConfig",
+                        "good-night by destroyEboWakeupConfig",
+                        "parseEboWakeupConfigs by destroyEboWakeupConfig",
+                        "/models/noise.bin by destroyEboAiNRConfig",
+                        "parseEboAINRConfigs by destroyEboAiNRConfig",
+                        "parseEboBfConfigs by destroyEboBeamFormConfig",
+                        "parseEboConfigs by destroyEboConfig"};
+
+TEST_F(LoadedTree, OfTheCapturePathIsReleasedInOrderButForTheReservedSlot) {
+    KAEboParam* ebo = parseEboConfigs(path.c_str());
+    void* const reserved = std::malloc(1);
+    ebo->bf->reserved = reserved;
+    expectReleased(destroyEboConfig, ebo, kCapture);
+    std::free(reserved);
+}
+
+TEST_F(LoadedTree, OfThePlaybackPathIsReleasedInOrder) {
+    expectReleased(
+        destroyEboAoConfig, parseEboAoConfigs(path.c_str()),
+        {"parseEboAnrConfigs by destroyEboAnrConfig", "parseEboHowlConfigs by destroyEboHowlConfig",
+         "parseEboAoConfigs:2 by destroyEboRxConfig", "parseEboAoConfigs by destroyEboAoConfig"});
+}
+
+// Pointers are nulled before their record is released.
+TEST_F(LoadedTree, HasNoPointerLeftWhenItIsReleased) {
+    KAEboParam* capture = parseEboConfigs(path.c_str());
+    KAEboParam* playback = parseEboAoConfigs(path.c_str());
+    destroyEboConfig(&capture);
+    destroyEboAoConfig(&playback);
+    if constexpr (Host::kRecords) {
+        std::vector<size_t> slots;
+        for (const model::Section& section : model::allSections())
+            if (section.reader.slot) slots.push_back(section.reader.slot);
+        const std::tuple<std::string, size_t, std::vector<size_t>> pointers[] = {
+            {"destroyEboConfig", sizeof(KAEboParam), {offsetof(KAEboParam, aec), offsetof(KAEboParam, bf)}},
+            {"destroyEboAoConfig", sizeof(KAEboParam), {offsetof(KAEboParam, rx)}},
+            {"destroyEboAecConfig",
+             sizeof(EboAecParam),
+             {offsetof(EboAecParam, Array_list), offsetof(EboAecParam, delay)}},
+            {"destroyEboBeamFormConfig", sizeof(EboBeamFormParam), slots},
+            {"destroyEboRxConfig",
+             sizeof(EboRxParam),
+             {offsetof(EboRxParam, anr), offsetof(EboRxParam, howl)}},
+            {"destroyEboWakeupConfig",
+             sizeof(EboWakeupParam),
+             {offsetof(EboWakeupParam, model_word1), offsetof(EboWakeupParam, model_word2)}},
+            {"destroyEboAiNRConfig", sizeof(EboAiNRParam), {0}},
+        };
+        for (const auto& [function, size, places] : pointers) {
+            size_t found = 0;
+            for (const auto& event : host.recorder().only({Op::SafeFree})) {
+                if (event.name != function || event.bytes.size() != size) continue;
+                ++found;
+                for (const size_t place : places)
+                    EXPECT_EQ(model::get<uintptr_t>(event.bytes, place), 0U) << function;
+            }
+            EXPECT_EQ(found, 1U) << function;
+        }
+    }
 }
 
 TEST(Destroy, HandsTheDefaultMapToTheFramework) {
-    Host host;
+    Releases releases;
     EboAecParam* aec = createEboAecConfig();
     destroyEboAecConfig(&aec);
-    EXPECT_EQ(aec, nullptr);
-    expectReleaseCalls(host, {"safe_free null destroyEboDelayConfig", "safe_free foreign destroyEboAecConfig",
-                              "safe_free #1 destroyEboAecConfig"});
+    releases.expect({"safe_free null destroyEboDelayConfig", "safe_free foreign destroyEboAecConfig",
+                     "safe_free #1 destroyEboAecConfig"});
 }
 
-TEST(Destroy, HandsANullEchoCancellerOn) {
+TEST(Destroy, ReleasesADefaultTreeWhole) {
     Host host;
-    EboAecParam* aec = nullptr;
+    KAEboParam* ebo = createEboConfigs();
+    destroyEboConfig(&ebo);
+    EXPECT_EQ(ebo, nullptr);
+    if constexpr (Host::kRecords) {
+        EXPECT_TRUE(host.recorder().live().empty());
+    }
+}
+
+TEST(Destroy, LeavesThePathOfTheOtherRoot) {
+    Host host;
+    KAEboParam* full = createEboConfigs();
+    EboRxParam* rx = full->rx = createEboRxconfig();
+    destroyEboConfig(&full);
+    EXPECT_EQ(rx->anr->swU, 10);
+    auto* playback = make<KAEboParam>();
+    EboAecParam* aec = playback->aec = createEboAecConfig();
+    EboBeamFormParam* bf = playback->bf = createEboBeamFormConfig();
+    destroyEboAoConfig(&playback);
+    EXPECT_EQ(aec->Array_list[0], 1);
+    EXPECT_EQ(bf->anr->swU, 10);
+    destroyEboRxConfig(&rx);
     destroyEboAecConfig(&aec);
-    EXPECT_EQ(aec, nullptr);
-    expectReleaseCalls(host, {"safe_free null destroyEboAecConfig"});
-}
-
-TEST(Destroy, ReleasesTheWakeUpWordsBeforeTheirRecord) {
-    Host host;
-    EboWakeupParam* wakeup = makeWakeup();
-    destroyEboWakeupConfig(&wakeup);
-    EXPECT_EQ(wakeup, nullptr);
-    expectReleases(host,
-                   {"safe_free first by destroyEboWakeupConfig", "safe_free second by destroyEboWakeupConfig",
-                    "safe_free wakeup by destroyEboWakeupConfig"});
-}
-
-TEST(Destroy, HandsMissingWakeUpWordsOn) {
-    Host host;
-    auto* wakeup = make<EboWakeupParam>("wakeup");
-    destroyEboWakeupConfig(&wakeup);
-    EXPECT_EQ(wakeup, nullptr);
-    expectReleaseCalls(host,
-                       {"safe_free null destroyEboWakeupConfig", "safe_free null destroyEboWakeupConfig",
-                        "safe_free #1 destroyEboWakeupConfig"});
-}
-
-TEST(Destroy, ReleasesTheModelPathBeforeItsRecord) {
-    Host host;
-    EboAiNRParam* ainr = makeAiNR();
-    destroyEboAiNRConfig(&ainr);
-    EXPECT_EQ(ainr, nullptr);
-    expectReleases(host,
-                   {"safe_free path by destroyEboAiNRConfig", "safe_free ainr by destroyEboAiNRConfig"});
-}
-
-TEST(Destroy, HandsAMissingModelPathOn) {
-    Host host;
-    auto* ainr = make<EboAiNRParam>("ainr");
-    destroyEboAiNRConfig(&ainr);
-    EXPECT_EQ(ainr, nullptr);
-    expectReleaseCalls(host, {"safe_free null destroyEboAiNRConfig", "safe_free #1 destroyEboAiNRConfig"});
-}
-
-TEST(Destroy, SurvivesANullWakeUpRecordAndANullModelRecord) {
-    Host host;
-    EboWakeupParam* wakeup = nullptr;
-    EboAiNRParam* ainr = nullptr;
-    destroyEboWakeupConfig(&wakeup);
-    destroyEboAiNRConfig(&ainr);
-    EXPECT_EQ(wakeup, nullptr);
-    EXPECT_EQ(ainr, nullptr);
-    expectReleaseCalls(host,
-                       {"safe_free null destroyEboWakeupConfig", "safe_free null destroyEboAiNRConfig"});
-}
-
-TEST(Destroy, ReleasesThePlaybackPathAfterItsModules) {
-    Host host;
-    EboRxParam* rx = makeRx();
-    destroyEboRxConfig(&rx);
-    EXPECT_EQ(rx, nullptr);
-    expectReleases(host, kRxReleases);
-}
-
-TEST(Destroy, HandsTheEmptySlotsOfThePlaybackPathOn) {
-    Host host;
-    auto* rx = make<EboRxParam>("rx");
-    destroyEboRxConfig(&rx);
-    EXPECT_EQ(rx, nullptr);
-    expectReleaseCalls(host, {"safe_free null destroyEboAnrConfig", "safe_free null destroyEboHowlConfig",
-                              "safe_free #1 destroyEboRxConfig"});
-}
-
-TEST(Destroy, HandsANullPlaybackPathOn) {
-    Host host;
-    EboRxParam* rx = nullptr;
-    destroyEboRxConfig(&rx);
-    EXPECT_EQ(rx, nullptr);
-    expectReleaseCalls(host, {"safe_free null destroyEboRxConfig"});
+    destroyEboBeamFormConfig(&bf);
 }
 
 }  // namespace

@@ -4,29 +4,29 @@
 #include <atomic>
 #include <thread>
 
-#include "documents.h"
-#include "harness/expect.h"
+#include "harness/modelled.h"
 
 namespace {
 
 constexpr int kThreads = 10;
 
 // A file that differs from every other one in its numbers, words, rows, map and enabled sections.
-std::string fileOf(int thread) {
+json fileOf(int thread) {
     const std::string n = std::to_string(thread);
-    std::string document = completeDocument();
-    document = with(document, "/ebo_configs/aec/delay_len", n);
-    document = with(document, "/ebo_configs/aec/mic_chn_map", "\"2 chn;map:" + n + ",1\"");
-    document = with(document, "/ebo_configs/delay/SmoothFactor", n + ".5");
-    document = with(document, "/ebo_configs/aes/LimitRatio_1", "\"" + n + ".5  1  2\"");
-    document = with(document, "/ebo_configs/wakeup/model_word1", "\"word-" + n + "\"");
-    document = with(document, "/ebo_configs/ainr/model_path", "\"/models/" + n + "\"");
-    document = with(document, "/ebo_ao_configs/howl/mode", n);
-    document = with(document, "/ebo_agc_configs/agc/max_gain", n + ".25");
-    if (thread % 2 == 1) document = with(document, "/ebo_configs/dtd/status", "\"off\"");
+    json document = model::sampleDocument();
+    json& capture = document["ebo_configs"];
+    capture["aec"]["delay_len"] = thread;
+    capture["aec"]["mic_chn_map"] = "2 chn;map:" + n + ",1";
+    capture["delay"]["SmoothFactor"] = thread + 0.5;
+    capture["aes"]["LimitRatio_1"] = n + ".5  1  2";
+    capture["wakeup"]["model_word1"] = "word-" + n;
+    capture["ainr"]["model_path"] = "/models/" + n;
+    document["ebo_ao_configs"]["howl"]["mode"] = thread;
+    document["ebo_agc_configs"]["agc"]["max_gain"] = thread + 0.25;
+    if (thread % 2 == 1) capture["dtd"]["status"] = "off";
     // So long to read that other threads come between.
-    const std::string bands = n + "," + std::string(40000, ' ') + n;
-    return with(document, "/ebo_configs/nlp/band_pass_thd", "\"" + bands + "\"");
+    capture["nlp"]["band_pass_thd"] = n + "," + std::string(40000, ' ') + n;
+    return document;
 }
 
 struct Files {
@@ -78,7 +78,7 @@ TEST(Threads, LoadDumpAndDestroyDifferentFilesAtOnce) {
     std::vector<Files> files;
     std::vector<std::vector<std::string>> want;
     for (int i = 0; i < kThreads; ++i) {
-        files.push_back({fileOf(i), without(fileOf(i), "/ebo_configs/doa/rad")});
+        files.push_back({fileOf(i).dump(), without(fileOf(i), "/ebo_configs/doa/rad").dump()});
         want.push_back(run(files.back()));
         if (i > 0) {
             EXPECT_NE(want.back(), want.front());

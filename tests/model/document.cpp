@@ -1,5 +1,6 @@
 #include "model/document.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <vector>
 
@@ -19,7 +20,7 @@ public:
 
     Value document;
     bool overflow = false;    // the reading ended at a number that is too large
-    size_t overflow_end = 0;  // offset behind it
+    size_t overflow_end = 0;  // offset after it
     std::string overflow_text;
     size_t numbers = 0;  // read so far
 
@@ -37,7 +38,9 @@ public:
                        {}});
     }
     bool number_float(double, const std::string& text) override {
-        return number({Value::Kind::Real, text, 0, {}});
+        std::string written = text;  // with the point of the process's locale
+        std::replace(written.begin(), written.end(), ',', '.');
+        return number({Value::Kind::Real, written, 0, {}});
     }
     bool string(std::string& text) override { return put({Value::Kind::Text, text, 0, {}}); }
     bool binary(binary_t&) override { return false; }

@@ -65,7 +65,8 @@ std::string channelMap(Chooser& chooser) {
     return text;
 }
 
-// Numbers that take so many characters when they are printed that a row of them does not fit the dump's buffer.
+// Numbers that take so many characters when they are printed that a row of them does not fit the dump's
+// buffer.
 std::string longRow(Chooser& chooser) {
     std::string text;
     for (size_t i = 0; i < 10; ++i) text += std::string(oneOf(chooser, kLongNumbers)) + "  ";
@@ -127,7 +128,7 @@ void editSiblings(Chooser& chooser, std::vector<Member>& siblings, size_t at) {
         case 2:
             rename(chooser, *place);
             break;
-        default: {  // once more, in front or behind, as it is or with another value
+        default: {  // once more, before or after, as it is or with another value
             Member again = *place;
             if (chooser.below(2) == 0) again = {again.name, anything(chooser), false, {}};
             siblings.insert(

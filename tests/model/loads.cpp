@@ -1,5 +1,5 @@
 // The five loads of the model.
-#include <cstring>
+#include <ebo_params.h>
 
 #include "model/readers.h"
 
@@ -7,137 +7,135 @@ namespace model {
 
 namespace {
 
-// The readers of the capture chain behind "bf", in their order. Their records hang on the container; a reader
-// that fails leaves its slot null. Stops at the first failure if it is told to.
-bool chain(Readers& in, Records& r, bool strict) {
-    int32_t& mask = r.bf.model_en;
-    // A record of a reader that fails is lost with what it held.
-    const auto slot = [](auto*& pointer, auto& record, bool succeeded) {
-        pointer = succeeded ? &record : nullptr;
-        return succeeded;
-    };
-    if (!in.fastAec(mask) && strict) return false;
-    if (!in.gsc(mask) && strict) return false;
-    if (!in.wind(mask) && strict) return false;
-    if (!slot(r.bf.agc, r.agc, in.agc(r.agc, mask)) && strict) return false;
-    if (!slot(r.bf.anr, r.anr, in.anr(r.anr, mask)) && strict) return false;
-    if (!slot(r.bf.nlp, r.nlp, in.nlp(r.nlp, mask)) && strict) return false;
-    if (!slot(r.bf.dereverb, r.dereverb, in.dereverb(r.dereverb, mask)) && strict) return false;
-    if (!slot(r.bf.cng, r.cng, in.cng(r.cng, mask)) && strict) return false;
-    if (!slot(r.bf.dtd, r.dtd, in.dtd(r.dtd, mask)) && strict) return false;
-    if (!slot(r.bf.aes, r.aes, in.aes(r.aes, mask)) && strict) return false;
-    if (!slot(r.bf.howl, r.howl, in.howl(r.howl, mask)) && strict) return false;
-    if (!slot(r.bf.doa, r.doa, in.doa(r.doa, mask)) && strict) return false;
-    slot(r.bf.wakeup, r.wakeup, in.wakeup(r.wakeup, mask));
-    return slot(r.bf.ainr, r.ainr, in.ainr(r.ainr, mask)) || !strict;
+const Section& aec() {
+    return sectionOf("aec");
 }
 
-// "aec" and then "delay", which never fails a load.
-bool echoCanceller(Readers& in, Expectation& e, int32_t& mask) {
-    Records& r = e.records;
-    const bool succeeded = in.aec(r.aec, mask);
-    if (e.aborts || !succeeded) return false;
-    if (in.delay(r.delay)) {
-        r.aec.delay = &r.delay;
-        r.aec.model_aec_en |= 0x1;
+class Load {
+public:
+    Load(const Value& document, const char* root, Expectation& expectation)
+        : e_(expectation), in_(document, root, expectation) {}
+
+    void full() {
+        in_.allocate("root", "parseEboConfigs", "ebo != KA_NULL");
+        int32_t mask = 0;
+        bool succeeds = echoCanceller(mask) && in_.read(sectionOf("bf"), &mask);
+        for (const Section& section : allSections())
+            succeeds = succeeds && (!inChain(section) || in_.read(section, &chain_));
+        if (e_.aborts) return;
+        if (!succeeds) return abandon();
+        closeChain();
+        root(mask);
+        dumpAec(e_.parts, e_.dump);
+        dumpBeamForm(e_.parts, e_.dump);
     }
-    return true;
-}
 
-// A failure abandons the map and the texts that were read.
-int abandonedBlocks(const Records& r) {
-    return (r.aec.Array_list ? 1 : 0) + (r.wakeup.model_word1 ? 1 : 0) + (r.wakeup.model_word2 ? 1 : 0);
-}
-
-void full(const Value& document, Expectation& e) {
-    Records& r = e.records;
-    Readers in(document, "ebo_configs", e);
-    if (!echoCanceller(in, e, r.ebo.model_en) || !in.bf(r.bf, r.ebo.model_en) || !chain(in, r, true)) {
-        e.leaks = abandonedBlocks(r);
-        return;
+    void aecFile() {
+        int32_t lost = 0;
+        if (!echoCanceller(lost)) return fail();
+        dumpAec(e_.parts, e_.dump);
     }
-    r.ebo.aec = &r.aec;
-    r.ebo.bf = &r.bf;
-    e.result = &r.ebo;
-    dumpAec(r.aec, e.dump);
-    dumpBeamForm(r.bf, e.dump);
-}
 
-void aecFile(const Value& document, Expectation& e) {
-    Readers in(document, "ebo_configs", e);
-    int32_t lost = 0;
-    if (!echoCanceller(in, e, lost)) {
-        e.leaks = abandonedBlocks(e.records);
-        return;
+    void beamFormFile() {
+        int32_t lost = 0;
+        if (!in_.read(sectionOf("bf"), &lost)) return fail();
+        for (const Section& section : allSections())
+            if (inChain(section)) in_.read(section, &chain_);
+        closeChain();
+        dumpBeamForm(e_.parts, e_.dump);
     }
-    e.result = &e.records.aec;
-    dumpAec(e.records.aec, e.dump);
-}
 
-void beamFormFile(const Value& document, Expectation& e) {
-    Readers in(document, "ebo_configs", e);
-    int32_t lost = 0;
-    if (!in.bf(e.records.bf, lost)) return;
-    chain(in, e.records, false);
-    e.result = &e.records.bf;
-    dumpBeamForm(e.records.bf, e.dump);
-}
+    void aoFile() {
+        in_.allocate("root", "parseEboAoConfigs", "ebo != KA_NULL");
+        in_.allocate("rx", "parseEboAoConfigs", "rx != KA_NULL");
+        const bool anr = in_.read(sectionOf("anr"), &chain_);
+        const bool howl = in_.read(sectionOf("howl"), &chain_);
+        std::string& rx = e_.parts["rx"].assign(sizeof(EboRxParam), '\0');
+        put(rx, offsetof(EboRxParam, model_en), chain_);
+        put(rx, offsetof(EboRxParam, anr), pointer(anr));
+        put(rx, offsetof(EboRxParam, howl), pointer(howl));
+        root(4);
+        dumpAo(e_.parts, e_.dump);
+    }
 
-void aoFile(const Value& document, Expectation& e) {
-    Records& r = e.records;
-    Readers in(document, "ebo_ao_configs", e);
-    r.ebo.model_en = 4;
-    r.ebo.rx = &r.rx;
-    if (in.anr(r.anr, r.rx.model_en)) r.rx.anr = &r.anr;
-    if (in.howl(r.howl, r.rx.model_en)) r.rx.howl = &r.howl;
-    e.result = &r.ebo;
-    dumpAo(r.rx, e.dump);
-}
+    void agcFile() {
+        in_.allocate("spare", "parseEboAgcConfigsFile", "eboAgc != KA_NULL");
+        if (!in_.read(sectionOf("agc"), nullptr)) return fail();
+        e_.leaks = 1;
+    }
 
-void agcFile(const Value& document, Expectation& e) {
-    Readers in(document, "ebo_agc_configs", e);
-    int32_t lost = 0;
-    e.leaks = 1;  // a cleared record that nobody uses
-    if (in.agc(e.records.agc, lost)) e.result = &e.records.agc;
-}
+private:
+    static uintptr_t pointer(bool set) { return set ? UINTPTR_MAX : 0; }
+    static bool inChain(const Section& section) {
+        return section.name != "aec" && section.name != "delay" && section.name != "bf";
+    }
+
+    bool echoCanceller(int32_t& mask) {
+        if (!in_.read(aec(), &mask)) return false;
+        std::string& record = e_.parts["aec"];
+        if (in_.read(sectionOf("delay"), &mask)) {
+            const size_t bits = aec().key("model_aec_en").offset;
+            put(record, bits, get<int32_t>(record, bits) | 0x1);
+            put(record, offsetof(EboAecParam, delay), UINTPTR_MAX);
+        }
+        return true;
+    }
+
+    // The mask of the beamformer and the slots of those that were read.
+    void closeChain() {
+        std::string& record = e_.parts["bf"];
+        put(record, offsetof(EboBeamFormParam, model_en), chain_);
+        for (const Section& section : allSections())
+            if (section.reader.slot)
+                put(record, section.reader.slot, pointer(e_.parts.count(section.name) > 0));
+    }
+
+    void root(int32_t mask) {
+        std::string& record = e_.parts["root"].assign(sizeof(KAEboParam), '\0');
+        put(record, offsetof(KAEboParam, model_en), mask);
+        put(record, offsetof(KAEboParam, aec), pointer(e_.parts.count("aec") > 0));
+        put(record, offsetof(KAEboParam, bf), pointer(e_.parts.count("bf") > 0));
+        put(record, offsetof(KAEboParam, rx), pointer(e_.parts.count("rx") > 0));
+    }
+
+    // Releases the records, but neither map nor words.
+    void abandon() {
+        for (const char* name : {"delay", "aec", "anr", "agc", "nlp", "dereverb", "cng", "dtd", "aes", "howl",
+                                 "doa", "wakeup", "ainr", "bf", "root"})
+            in_.release(name);
+        fail();
+    }
+    void fail() {
+        e_.failed = true;
+        e_.parts.clear();
+        e_.leaks = in_.blocks();
+    }
+
+    Expectation& e_;
+    Readers in_;
+    int32_t chain_ = 0;  // mask of the beamformer or of the playback path
+};
 
 }  // namespace
 
-Expectation::Expectation() {
-    std::memset(static_cast<void*>(&records), 0, sizeof records);
-}
-
 const char* nameOf(Loader loader) {
-    switch (loader) {
-        case Loader::Full:
-            return "parseEboConfigs";
-        case Loader::Aec:
-            return "parseEboAecConfigs";
-        case Loader::BeamForm:
-            return "parseEboBeamFormConfigs";
-        case Loader::Ao:
-            return "parseEboAoConfigs";
-        case Loader::Agc:
-            return "parseEboAgcConfigsFile";
-    }
-    return "?";
+    static const char* const names[] = {"parseEboConfigs", "parseEboAecConfigs", "parseEboBeamFormConfigs",
+                                        "parseEboAoConfigs", "parseEboAgcConfigsFile"};
+    return names[static_cast<size_t>(loader)];
 }
 
 void expect(Loader loader, const std::optional<Value>& document, Expectation& e) {
-    e.rejected = !document.has_value();
-    if (e.rejected) return;
-    switch (loader) {
-        case Loader::Full:
-            return full(*document, e);
-        case Loader::Aec:
-            return aecFile(*document, e);
-        case Loader::BeamForm:
-            return beamFormFile(*document, e);
-        case Loader::Ao:
-            return aoFile(*document, e);
-        case Loader::Agc:
-            return agcFile(*document, e);
+    static const char* const roots[] = {"ebo_configs", "ebo_configs", "ebo_configs", "ebo_ao_configs",
+                                        "ebo_agc_configs"};
+    static void (Load::*const loads[])() = {&Load::full, &Load::aecFile, &Load::beamFormFile, &Load::aoFile,
+                                            &Load::agcFile};
+    e.failed = e.rejected = !document.has_value();
+    e.calls = {"parser made", e.rejected ? "missing parseFile document-0.json" : "parseFile document-0.json"};
+    if (!e.rejected) {
+        Load load(*document, roots[static_cast<size_t>(loader)], e);
+        (load.*loads[static_cast<size_t>(loader)])();
     }
+    e.calls.emplace_back("parser gone");
 }
 
 }  // namespace model

@@ -1,49 +1,12 @@
 #include "model/observation.h"
 
-#include <ka/log_sink.h>
-#include <parse/row_scan.h>
-
-#include <cstring>
+#include <ebo_config.h>
 
 namespace model {
 
 bool g_inside_library = false;
 
 namespace {
-
-// Lines may come only with the library's constants.
-constexpr unsigned kChannel = 0x1818180A;
-constexpr char kTag[] = "KAAEboConfig";
-
-class Listener {
-public:
-    Listener() { ka_install_log_sink(take, this); }
-    ~Listener() { ka_remove_log_sink(); }
-    Listener(const Listener&) = delete;
-    Listener& operator=(const Listener&) = delete;
-
-    Log lines;
-    std::vector<std::string> refusals;
-
-private:
-    static void take(const KaLogMessage& message, void* self) {
-        const bool inside = g_inside_library;
-        g_inside_library = false;
-        static_cast<Listener*>(self)->add(message);
-        g_inside_library = inside;
-    }
-    void add(const KaLogMessage& message) {
-        if (std::strcmp(message.tag, "KAJsonParser") == 0) {
-            refusals.emplace_back(message.text);
-            return;
-        }
-        std::string text = message.text;
-        if (message.channel != kChannel || std::strcmp(message.tag, kTag) != 0 || message.line <= 0) {
-            text += " [not a line of the library]";
-        }
-        lines.push_back({message.error, message.level, message.function, std::move(text)});
-    }
-};
 
 class InsideLibrary {
 public:
@@ -52,6 +15,104 @@ public:
     InsideLibrary(const InsideLibrary&) = delete;
     InsideLibrary& operator=(const InsideLibrary&) = delete;
 };
+
+template <typename Record>
+void* destroyedBy(void (*destroy)(Record**), void* result) {
+    auto* record = static_cast<Record*>(result);
+    destroy(&record);
+    return record;
+}
+
+void hide(std::string& bytes, size_t offset) {
+    if (get<uintptr_t>(bytes, offset) != 0) put(bytes, offset, UINTPTR_MAX);
+}
+
+std::string bytesOf(const void* record, size_t size) {
+    return {static_cast<const char*>(record), size};
+}
+
+// A section's record, and the texts or the map on which it points.
+void add(Parts& parts, const Section& section, const void* record, int channels) {
+    if (!record) return;
+    std::string& bytes = parts[section.name] = bytesOf(record, section.reader.size);
+    for (const Key& key : section.keys) {
+        if (key.kind != Kind::Word && key.kind != Kind::Map) continue;
+        const auto* const value = get<const char*>(bytes, key.offset);
+        hide(bytes, key.offset);
+        if (!value) continue;
+        parts[section.name + "." + key.name] =
+            key.kind == Kind::Word ? value : bytesOf(value, static_cast<size_t>(channels) * sizeof(int16_t));
+    }
+}
+
+void addAec(Parts& parts, const EboAecParam* aec, int channels) {
+    add(parts, sectionOf("aec"), aec, channels);
+    if (!aec) return;
+    hide(parts["aec"], offsetof(EboAecParam, delay));
+    add(parts, sectionOf("delay"), aec->delay, 0);
+}
+
+void addBeamForm(Parts& parts, const EboBeamFormParam* bf) {
+    add(parts, sectionOf("bf"), bf, 0);
+    if (!bf) return;
+    hide(parts["bf"], offsetof(EboBeamFormParam, reserved));
+    for (const Section& section : allSections()) {
+        if (section.reader.slot == 0) continue;
+        add(parts, section, get<const void*>(parts["bf"], section.reader.slot), 0);
+        hide(parts["bf"], section.reader.slot);
+    }
+}
+
+void addRoot(Parts& parts, const KAEboParam* ebo, int channels) {
+    if (!ebo) return;
+    std::string& root = parts["root"] = bytesOf(ebo, sizeof *ebo);
+    for (const size_t pointer :
+         {offsetof(KAEboParam, aec), offsetof(KAEboParam, bf), offsetof(KAEboParam, rx)})
+        hide(root, pointer);
+    addAec(parts, ebo->aec, channels);
+    addBeamForm(parts, ebo->bf);
+    if (!ebo->rx) return;
+    std::string& rx = parts["rx"] = bytesOf(ebo->rx, sizeof *ebo->rx);
+    hide(rx, offsetof(EboRxParam, anr));
+    hide(rx, offsetof(EboRxParam, howl));
+    add(parts, sectionOf("anr"), ebo->rx->anr, 0);
+    add(parts, sectionOf("howl"), ebo->rx->howl, 0);
+}
+
+std::string toString(const std::string& bytes) {
+    static const char kDigits[] = "0123456789abcdef";
+    std::string hex;
+    for (const char c : bytes) {
+        hex += kDigits[static_cast<unsigned char>(c) >> 4];
+        hex += kDigits[static_cast<unsigned char>(c) & 0xF];
+    }
+    return hex;
+}
+
+std::string toString(const Log& log, size_t i) {
+    if (i >= log.size()) return "nothing";
+    const Line& line = log[i];
+    return (line.error ? "err " : "log ") + std::to_string(line.level) + " " + line.function + ": " +
+           line.text + " {" + line.format + "}";
+}
+
+}  // namespace
+
+Parts partsOf(const Section& section, const void* record, int channels) {
+    Parts parts;
+    add(parts, section, record, channels);
+    return parts;
+}
+
+Parts partsOf(Loader loader, const void* result, int channels) {
+    Parts parts;
+    if (loader == Loader::Aec) addAec(parts, static_cast<const EboAecParam*>(result), channels);
+    if (loader == Loader::BeamForm) addBeamForm(parts, static_cast<const EboBeamFormParam*>(result));
+    if (loader == Loader::Agc) add(parts, sectionOf("agc"), result, 0);
+    if (loader == Loader::Full || loader == Loader::Ao)
+        addRoot(parts, static_cast<const KAEboParam*>(result), channels);
+    return parts;
+}
 
 void* load(Loader loader, const char* path) {
     const InsideLibrary inside;
@@ -70,128 +131,82 @@ void* load(Loader loader, const char* path) {
     return nullptr;
 }
 
-void dump(Loader loader, void* result) {
+void dump(Loader loader, const void* result) {
+    const InsideLibrary inside;
+    auto* const root = static_cast<const KAEboParam*>(result);
+    if (loader == Loader::Full) dumpEboAecConfig(root->aec);
+    if (loader == Loader::Full) dumpEboBeamFormConfig(root->bf);
+    if (loader == Loader::Aec) dumpEboAecConfig(static_cast<EboAecParam*>(const_cast<void*>(result)));
+    if (loader == Loader::BeamForm)
+        dumpEboBeamFormConfig(static_cast<EboBeamFormParam*>(const_cast<void*>(result)));
+    if (loader == Loader::Ao) dumpEboAoConfig(root->rx);
+}
+
+void* destroyed(Loader loader, void* result) {
     const InsideLibrary inside;
     switch (loader) {
         case Loader::Full:
-            dumpEboAecConfig(static_cast<KAEboParam*>(result)->aec);
-            dumpEboBeamFormConfig(static_cast<KAEboParam*>(result)->bf);
-            break;
+            return destroyedBy(destroyEboConfig, result);
         case Loader::Aec:
-            dumpEboAecConfig(static_cast<EboAecParam*>(result));
-            break;
+            return destroyedBy(destroyEboAecConfig, result);
         case Loader::BeamForm:
-            dumpEboBeamFormConfig(static_cast<EboBeamFormParam*>(result));
-            break;
+            return destroyedBy(destroyEboBeamFormConfig, result);
         case Loader::Ao:
-            dumpEboAoConfig(static_cast<KAEboParam*>(result)->rx);
-            break;
+            return destroyedBy(destroyEboAoConfig, result);
         case Loader::Agc:
-            break;  // has no dump of its own
-    }
-}
-
-// Null when it has left null in its caller's pointer.
-template <typename Record>
-void* destroyed(void (*destroy)(Record**), void* result) {
-    auto* record = static_cast<Record*>(result);
-    destroy(&record);
-    return record;
-}
-
-void* destroy(Loader loader, void* result) {
-    const InsideLibrary inside;
-    switch (loader) {
-        case Loader::Full:
-            return destroyed(destroyEboConfig, result);
-        case Loader::Aec:
-            return destroyed(destroyEboAecConfig, result);
-        case Loader::BeamForm:
-            return destroyed(destroyEboBeamFormConfig, result);
-        case Loader::Ao:
-            return destroyed(destroyEboAoConfig, result);
-        case Loader::Agc:
-            return destroyed(destroyEboAgcConfig, result);
+            return destroyedBy(destroyEboAgcConfig, result);
     }
     return nullptr;
 }
 
-std::string toString(const Line& line) {
-    return (line.error ? "err " : "log ") + std::to_string(line.level) + " " + line.function + ": " +
-           line.text;
-}
-bool same(const Line& a, const Line& b) {
-    return a == b;
-}
-
-std::string toString(const Part& part) {
-    static const char kDigits[] = "0123456789abcdef";
-    std::string hex = part.name + ": ";
-    for (const char c : part.bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        hex += kDigits[byte >> 4];
-        hex += kDigits[byte & 0xF];
-    }
-    return hex;
-}
-bool same(const Part& a, const Part& b) {
-    return a == b;
-}
-
-template <typename Items>
-void compare(const char* what, const Items& expected, const Items& observed, std::string& out) {
-    for (size_t i = 0; i < expected.size() || i < observed.size(); ++i) {
-        if (i < expected.size() && i < observed.size() && same(expected[i], observed[i])) continue;
-        out += std::string(what) + " " + std::to_string(i) + "\n";
-        out += "  expected " + (i < expected.size() ? toString(expected[i]) : std::string("nothing")) + "\n";
-        out += "  observed " + (i < observed.size() ? toString(observed[i]) : std::string("nothing")) + "\n";
-    }
-}
-
-}  // namespace
-
-Observation observe(Loader loader, const char* path, int channels) {
+Observation observe(Loader loader, const char* path, int channels, const std::function<Log()>& take) {
     Observation seen;
-    Listener listener;
     void* const result = load(loader, path);
+    seen.failed = result == nullptr;
     seen.parts = partsOf(loader, result, channels);
-    seen.log.swap(listener.lines);
-    if (result) {
-        dump(loader, result);
-        seen.dump.swap(listener.lines);
-        if (destroy(loader, result) != nullptr)
-            seen.parts.push_back({"pointer left by the destroy function", ""});
-        for (const Line& line : listener.lines) seen.dump.push_back(line);  // destruction says nothing
-    }
-    seen.refusals.swap(listener.refusals);
+    seen.log = take();
+    if (!result) return seen;
+    dump(loader, result);
+    if (destroyed(loader, result) != nullptr) seen.parts["pointer left by the destroy function"] = "";
+    seen.dump = take();
     return seen;
 }
 
-std::string differences(Loader loader, const Expectation& expected, const Observation& observed) {
+std::string differences(const Parts& expected, const Parts& observed) {
     std::string out;
-    compare("part", partsOf(loader, expected.result, expected.channels), observed.parts, out);
-    compare("log line", expected.log, observed.log, out);
-    compare("dump line", expected.dump, observed.dump, out);
-    if (observed.refusals.size() != (expected.rejected ? 1 : 0)) {
-        out += expected.rejected ? "no report of the file\n" : "the file was rejected\n";
+    for (const auto& [name, bytes] : expected)
+        if (observed.count(name) == 0) out += name + " is not there\n";
+    for (const auto& [name, bytes] : observed) {
+        const auto want = expected.find(name);
+        if (want == expected.end()) {
+            out += name + " is there\n";
+        } else if (want->second != bytes) {
+            out += name + "\n  expected " + toString(want->second) + "\n  observed " + toString(bytes) + "\n";
+        }
     }
-    return out.empty() ? out : std::string(nameOf(loader)) + "\n" + out;
+    return out;
+}
+
+std::string differences(const Log& expected, const Log& observed) {
+    std::string out;
+    for (size_t i = 0; i < expected.size() || i < observed.size(); ++i) {
+        if (i < expected.size() && i < observed.size() && expected[i] == observed[i]) continue;
+        out += "line " + std::to_string(i) + "\n  expected " + toString(expected, i) + "\n  observed " +
+               toString(observed, i) + "\n";
+    }
+    return out;
+}
+
+std::string differences(const Expectation& expected, const Observation& observed) {
+    std::string out = expected.failed == observed.failed ? ""
+                      : observed.failed                  ? "fails\n"
+                                                         : "does not fail\n";
+    return out + differences(expected.parts, observed.parts) + differences(expected.log, observed.log) +
+           differences(expected.dump, observed.dump);
 }
 
 bool readsAec(Loader loader) {
     return loader == Loader::Full || loader == Loader::Aec;
-}
-
-bool wouldAbort(const char* path) {
-    const Listener quiet;
-    KAJsonParser parser;
-    KaMetaData aec;
-    const char* text = nullptr;
-    int32_t channels = 0;
-    if (parser.parseFile(path) == 0) return false;
-    parser.getOptions("ebo_configs", "aec", &aec);
-    if (!aec.findCString("status", &text) || !aec.findCString("mic_chn_map", &text)) return false;
-    return EboScanner(text).integer(&channels) && channels > 16;
 }
 
 }  // namespace model

@@ -1,234 +1,211 @@
 #include "model/readers.h"
 
+#include <strings.h>
+
 #include "model/rows.h"
 
 namespace model {
 
 namespace {
 
-// A text of a record: null when it is empty.
-char* pointerTo(std::string& text) {
-    return text.empty() ? nullptr : text.data();
+constexpr char kRed[] = "\x1b[31m\x1b[1m";
+constexpr char kGreen[] = "\x1b[32m\x1b[1m";
+constexpr char kPlain[] = "\x1b[0m";
+const void* const kPointer = reinterpret_cast<const void*>(UINTPTR_MAX);  // one that is set
+
+const Value* member(const Value* object, const std::string& name) {
+    if (!object) return nullptr;
+    const auto found = object->members.find(name);
+    return found == object->members.end() ? nullptr : &found->second;
+}
+
+bool fits(const Key& key, const Value& value) {
+    if (key.kind == Kind::Float) return value.kind == Value::Kind::Integer || value.kind == Value::Kind::Real;
+    if (key.isText()) return value.kind == Value::Kind::Text;
+    return value.kind == Value::Kind::Integer && value.integer >= INT32_MIN && value.integer <= INT32_MAX;
 }
 
 }  // namespace
 
-Section Readers::open(const std::string& name, const std::string& function) {
-    return Section(document_, root_, name, function, expectation_.log);
+Value valueOf(const json& value) {
+    if (value.is_string()) return {Value::Kind::Text, value, 0, {}};
+    if (value.is_number_integer()) return {Value::Kind::Integer, value.dump(), value, {}};
+    return {Value::Kind::Real, value.dump(), 0, {}};
 }
 
-void Readers::channelMap(Section& in, EboAecParam& r) {
-    std::string text;
-    if (!in.findText("mic_chn_map", text)) return;
+void store(const Key& key, const Value& value, std::string& record) {
+    if (key.kind == Kind::Flag) put<int32_t>(record, key.offset, value.integer == 0 ? 0 : 1);
+    if (key.kind == Kind::Int32) put(record, key.offset, static_cast<int32_t>(value.integer));
+    if (key.kind == Kind::Int16) put(record, key.offset, static_cast<int16_t>(value.integer));
+    float numbers[10] = {};
+    if (key.kind == Kind::Float) scanFloat(value.text, numbers[0]);
+    if (key.kind == Kind::FloatRow) scanFloats(value.text.c_str(), numbers, key.count);
+    for (size_t i = 0; key.kind == Kind::FloatRow ? i < key.count : key.kind == Kind::Float && i < 1; ++i)
+        put(record, key.offset + i * sizeof(float), numbers[i]);
+    if (key.kind == Kind::IntRow) {
+        int16_t pair[2] = {};
+        scanPair(value.text.c_str(), pair);
+        put(record, key.offset, pair[0]);
+        put(record, key.offset + sizeof pair[0], pair[1]);
+    }
+    if (key.kind == Kind::Bands) {  // what the text does not supply is the first list's number
+        std::array<int32_t, 8> bands = {};
+        constexpr size_t kBand = 2 * sizeof(int16_t);
+        for (size_t i = 0; i < 8; ++i) bands[i] = get<int16_t>(record, i * kBand);
+        scanBands(value.text.c_str(), bands);
+        for (size_t i = 0; i < 8; ++i) put(record, key.offset + i * kBand, static_cast<int16_t>(bands[i]));
+    }
+}
+
+void Readers::allocate(const std::string& name, const std::string& function, const std::string& assertion,
+                       bool cleared) {
+    live_[name] = ++made_;
+    expectation_.assertions.emplace_back(function, assertion);
+    expectation_.calls.push_back("malloc #" + std::to_string(made_) + " " + function);
+    if (cleared) expectation_.calls.push_back("memset #" + std::to_string(made_) + " 0");
+}
+
+void Readers::release(const std::string& name, const std::string& safely_by) {
+    const auto block = live_.find(name);
+    if (block == live_.end()) return;
+    expectation_.calls.push_back((safely_by.empty() ? "free #" : "safe_free #") +
+                                 std::to_string(block->second) + (safely_by.empty() ? "" : " " + safely_by));
+    live_.erase(block);
+}
+
+void Readers::report(const Section& section, const std::string& format, const std::string& text) {
+    const Line line = {true, 2, section.reader.function, kRed + format + kPlain, kRed + text + kPlain};
+    expectation_.log.push_back(line);
+    expectation_.calls.push_back("err " + line.function + " " + line.text);
+}
+
+void Readers::say(const Section& section, int level, const std::string& format, const std::string& text) {
+    expectation_.log.push_back({false, level, section.reader.function, format, text});
+    expectation_.calls.push_back("log " + std::string(section.reader.function) + " " + text);
+}
+
+const Value* Readers::find(const Section& section, const Key& key) {
+    const Value* value = member(member(member(&document_, root_), section.name), key.name);
+    if (value && !fits(key, *value)) value = nullptr;
+    const char* const call = key.isText() ? "findCString " : key.isInteger() ? "findInt32 " : "findFloat ";
+    expectation_.calls.push_back((value ? "" : "missing ") + std::string(call) + key.name);
+    return value;
+}
+
+void Readers::takeMap(const Section& section, const Key& key, const std::string& text, std::string& record) {
     const ChannelMap map = scanChannelMap(text);
     if (map.count <= 0) return;
     if (map.count > 16) {
         expectation_.aborts = true;
         return;
     }
-    r.model_aec_en |= 0x2;
-    r.Array_list = expectation_.records.map;
+    allocate("map", section.reader.function, "aec->Array_list != KA_NULL", false);
+    say(section, 5, "mic_chn_map:%s", "mic_chn_map:" + text);
     expectation_.channels = map.count;
+    std::string& channels = expectation_.parts["aec.mic_chn_map"];
     for (int i = 0; i < map.count; ++i) {
-        const auto channel = static_cast<uint32_t>(map.channels[static_cast<size_t>(i)]);
-        r.Array_list[i] = static_cast<int16_t>(channel & 0xFFFFU);
+        channels.append(2, '\0');
+        put(channels, channels.size() - 2, static_cast<int16_t>(map.channels[static_cast<size_t>(i)]));
     }
-    in.say(5, "mic_chn_map:" + text);
+    put(record, key.offset, kPointer);
+    put<int32_t>(record, section.key("model_aec_en").offset, 0x2);
 }
 
-bool Readers::aec(EboAecParam& r, int32_t& mask) {
-    Section in = open("aec", "parseEboAecConfigs");
-    if (!in.status(mask, 0x1)) return false;
-    if (!in.enabled) in.say(5, "aec: not enable");
-    channelMap(in, r);
-    return in.flag("drop_ref_channel", r.drop_ref_channel) && in.integer("delay_len", r.delay_len) &&
-           in.integer("look_ahead", r.look_ahead) && in.integer("filter_len", r.filter_len);
+void Readers::take(const Section& section, const Key& key, const Value& value, std::string& record) {
+    const std::string text = value.text.c_str();  // ends at its first NUL
+    if (key.kind == Kind::Map) return takeMap(section, key, text, record);
+    if (key.kind != Kind::Word) return store(key, value, record);
+    if (text.empty()) return;
+    live_[key.name] = ++made_;
+    expectation_.calls.push_back("strdup #" + std::to_string(made_) + " " + text);
+    expectation_.parts[section.name + "." + key.name] = text;
+    put(record, key.offset, kPointer);
 }
 
-bool Readers::delay(EboDelayParam& r) {
-    Section in = open("delay", "parseEboDelayConfigs");
-    int32_t none = 0;
-    if (!in.status(none, 0)) return false;
-    if (!in.enabled) {
-        in.say(5, "delay: not enable");
-        return false;
+// The complaints of the wake-up section.
+void Readers::review(const Section& section, const Key& key, const std::string& record) {
+    if (key.name != "wakeup_words" && key.name != "mode") return;
+    const auto value = get<int32_t>(record, key.offset);
+    const std::string mode = std::to_string(value);
+    if (key.name == "wakeup_words") {
+        if (value == 0) report(section, "the wakeup word is 0, please configure it which you need\n");
+        return;
     }
-    return in.integer("MaxFrame", r.MaxFrame) && in.integer("JumpFrame", r.JumpFrame) &&
-           in.integer("DelayOffset", r.DelayOffset) && in.integer("MicAmpThr", r.MicAmpThr) &&
-           in.integer("RefAmpThr", r.RefAmpThr) && in.integer("StartFreq", r.StartFreq) &&
-           in.integer("EndFreq", r.EndFreq) && in.real("SmoothFactor", r.SmoothFactor);
-}
-
-bool Readers::bf(EboBeamFormParam& r, int32_t& mask) {
-    Section in = open("bf", "parseEboBfConfigs");
-    if (!in.status(mask, 0x2)) return false;
-    if (!in.enabled) in.say(5, "bf: not enable");
-    return in.flag("drop_ref_channel", r.drop_ref_channel) && in.integer("targ", r.targ);
-}
-
-bool Readers::fastAec(int32_t& mask) {
-    Section in = open("fast_aec", "parseEboFastAecConfigs");
-    in.reported_as = "bf";
-    return in.status(mask, 0x1);
-}
-
-bool Readers::gsc(int32_t& mask) {
-    Section in = open("gsc", "parseEboGscConfigs");
-    int32_t method = 0;
-    if (!in.status(mask, 0x80) || !in.integer("method", method)) return false;
-    if (method == 1) mask |= 0x100;
-    return true;
-}
-
-bool Readers::wind(int32_t& mask) {
-    Section in = open("wind", "parseEboWindConfigs");
-    in.reported_as = "bf";
-    return in.status(mask, 0x10000);
-}
-
-bool Readers::agc(EboAgcParam& r, int32_t& mask) {
-    Section in = open("agc", "parseEboAgcConfigs");
-    if (!in.status(mask, 0x20)) return false;
-    r.sample_rate = 16000;
-    r.frame_len = 256;
-    return in.real("attack_time", r.attack_time) && in.real("release_time", r.release_time) &&
-           in.real("attenuate_time", r.attenuate_time) && in.real("max_gain", r.max_gain) &&
-           in.real("max_peak", r.max_peak) && in.real("fRth0", r.fRth0) && in.real("fRth1", r.fRth1) &&
-           in.real("fRth2", r.fRth2) && in.real("fRk0", r.fRk0) && in.real("fRk1", r.fRk1) &&
-           in.real("fRk2", r.fRk2) && in.real("fLineGainDb", r.fLineGainDb) &&
-           in.integer("swSmL0", r.swSmL0) && in.integer("swSmL1", r.swSmL1) && in.integer("swSmL2", r.swSmL2);
-}
-
-bool Readers::anr(EboAnrParam& r, int32_t& mask) {
-    Section in = open("anr", "parseEboAnrConfigs");
-    if (!in.status(mask, playback() ? 0x1 : 0x40)) return false;
-    return in.real("noiseFactor", r.noiseFactor) && in.real("psiMin", r.psiMin) &&
-           in.real("psiMax", r.psiMax) && in.real("fGmin", r.fGmin) && in.integer("swU", r.swU) &&
-           in.integer("Sup_Freq1", r.Sup_Freq1) && in.integer("Sup_Freq2", r.Sup_Freq2) &&
-           in.real("Sup_Energy1", r.Sup_Energy1) && in.real("Sup_Energy2", r.Sup_Energy2) &&
-           in.integer("InterV", r.InterV) && in.real("BiasMin", r.BiasMin) &&
-           in.integer("UpdateFrm", r.UpdateFrm) && in.real("NPreGammaThr", r.NPreGammaThr) &&
-           in.real("NPreZetaThr", r.NPreZetaThr) && in.real("SabsGammaThr0", r.SabsGammaThr0) &&
-           in.real("SabsGammaThr1", r.SabsGammaThr1) && in.real("InfSmooth", r.InfSmooth) &&
-           in.real("ProbSmooth", r.ProbSmooth) && in.real("CompCoeff", r.CompCoeff) &&
-           in.real("PrioriMin", r.PrioriMin) && in.real("PostMax", r.PostMax) &&
-           in.real("PrioriRatio", r.PrioriRatio) && in.real("PrioriRatioLow", r.PrioriRatioLow) &&
-           in.integer("SplitBand", r.SplitBand) && in.real("PrioriSmooth", r.PrioriSmooth) &&
-           in.integer("TranMode", r.TranMode);
-}
-
-bool Readers::nlp(EboNlpParam& r, int32_t& mask) {
-    Section in = open("nlp", "parseEboNlpConfigs");
-    if (!in.status(mask, 0x8)) return false;
-    // Both texts are split into the same eight places.
-    std::array<int32_t, 8> places = {};
-    const auto low = [&places](size_t i) {
-        return static_cast<int16_t>(static_cast<uint32_t>(places[i]) & 0xFFFFU);
-    };
-    std::string text;
-    if (!in.text("band_pass_thd", text)) return false;
-    scanBands(text, places);
-    for (size_t i = 0; i < 8; ++i) r.bands[i].band_pass_thd = low(i);
-    if (!in.text("super_est_factor", text)) return false;
-    scanBands(text, places);
-    for (size_t i = 0; i < 8; ++i) r.bands[i].super_est_factor = low(i);
-    return true;
-}
-
-bool Readers::dereverb(EboDereverbParam& r, int32_t& mask) {
-    Section in = open("dereverb", "parseEboDereverbConfigs");
-    if (!in.status(mask, 0x4)) return false;
-    return in.integer("rlsLg", r.rlsLg) && in.integer("curveLg", r.curveLg) && in.integer("delay", r.delay) &&
-           in.real("forgetting", r.forgetting) && in.real("t60", r.t60) && in.real("coCoeff", r.coCoeff);
-}
-
-bool Readers::cng(EboCngParam& r, int32_t& mask) {
-    Section in = open("cng", "parseEboCngConfigs");
-    if (!in.status(mask, 0x800)) return false;
-    return in.real("fGain", r.fGain) && in.real("fMpy", r.fMpy) && in.real("fSmoothAlpha", r.fSmoothAlpha) &&
-           in.real("fSpeechGain", r.fSpeechGain);
-}
-
-bool Readers::dtd(EboDtdParam& r, int32_t& mask) {
-    Section in = open("dtd", "parseEboDtdConfigs");
-    if (!in.status(mask, 0x400)) return false;
-    return in.real("ksiThd_high", r.ksiThd_high) && in.real("ksiThd_low", r.ksiThd_low);
-}
-
-bool Readers::aes(EboAesParam& r, int32_t& mask) {
-    Section in = open("aes", "parseEboAesConfigs");
-    if (!in.status(mask, 0x10)) return false;
-    std::string text;
-    const auto floats = [&](const std::string& key, auto& row) {
-        if (!in.text(key, text)) return false;
-        scanFloats(text, row);
-        return true;
-    };
-    const auto pair = [&](const std::string& key, int16_t(&row)[2]) {
-        if (!in.text(key, text)) return false;
-        scanPair(text, row);
-        return true;
-    };
-    return in.real("beta_up", r.beta_up) && in.real("beta_down", r.beta_down) &&
-           in.real("beta_up_low", r.beta_up_low) && in.real("beta_down_low", r.beta_down_low) &&
-           in.integer("low_freq", r.low_freq) && in.integer("high_freq", r.high_freq) &&
-           in.integer("thd_flag", r.thd_flag) && in.integer("hard_flag", r.hard_flag) &&
-           floats("LimitRatio_0", r.LimitRatio[0]) && floats("LimitRatio_1", r.LimitRatio[1]) &&
-           pair("ThdSplitFreq_0", r.ThdSplitFreq[0]) && pair("ThdSplitFreq_1", r.ThdSplitFreq[1]) &&
-           pair("ThdSplitFreq_2", r.ThdSplitFreq[2]) && pair("ThdSplitFreq_3", r.ThdSplitFreq[3]) &&
-           floats("ThdSupDegree_0", r.ThdSupDegree[0]) && floats("ThdSupDegree_1", r.ThdSupDegree[1]) &&
-           floats("ThdSupDegree_2", r.ThdSupDegree[2]) && floats("ThdSupDegree_3", r.ThdSupDegree[3]) &&
-           pair("HardSplitFreq_0", r.HardSplitFreq[0]) && pair("HardSplitFreq_1", r.HardSplitFreq[1]) &&
-           pair("HardSplitFreq_2", r.HardSplitFreq[2]) && pair("HardSplitFreq_3", r.HardSplitFreq[3]) &&
-           pair("HardSplitFreq_4", r.HardSplitFreq[4]) && floats("HardThreshold", r.HardThreshold);
-}
-
-bool Readers::howl(EboHowlParam& r, int32_t& mask) {
-    Section in = open("howl", "parseEboHowlConfigs");
-    return in.status(mask, playback() ? 0x2 : 0x4000) && in.integer("mode", r.mode);
-}
-
-bool Readers::doa(EboDoaParam& r, int32_t& mask) {
-    Section in = open("doa", "parseEboDoaConfigs");
-    if (!in.status(mask, 0x8000)) return false;
-    return in.real("rad", r.rad) && in.integer("start_freq", r.start_freq) &&
-           in.integer("end_freq", r.end_freq) && in.integer("lg_num", r.lg_num) &&
-           in.integer("lg_pitch_num", r.lg_pitch_num);
-}
-
-// Never fails. Every key is optional, the status too.
-bool Readers::wakeup(EboWakeupParam& r, int32_t& mask) {
-    Section in = open("wakeup", "parseEboWakeupConfigs");
-    std::string word;
-    if (in.findText("status", word)) in.status(mask, 0x2);
-    if ((mask & 0x2) == 0) return true;
-    r.wakeup_frames = 180;
-    in.findInteger("wakeup_frames", r.wakeup_frames);
-    in.findInteger("wakeup_words", r.wakeup_words);
-    if (r.wakeup_words == 0) in.report("the wakeup word is 0, please configure it which you need\n");
-    in.findInteger("mode", r.mode);
-    const std::string mode = std::to_string(r.mode);
-    if (r.mode < 1 || r.mode > 3) {
-        in.report("Invalid mode: " + mode + ", please check mode follow these:");
-        in.report("    mode0 - none");
-        in.report("    mode1 - oneshot only");
-        in.report("    mode2 - wakeup + command");
-        in.report("    mode3 - (oneshot) and (wakeup + command)");
+    if (value < 1 || value > 3) {
+        const std::string hint = ", please check mode follow these:";
+        report(section, "Invalid mode: %d" + hint, "Invalid mode: " + mode + hint);
+        report(section, "    mode0 - none");
+        report(section, "    mode1 - oneshot only");
+        report(section, "    mode2 - wakeup + command");
+        report(section, "    mode3 - (oneshot) and (wakeup + command)");
     }
-    in.say(4, "\x1b[32m\x1b[1mCurrent wakeup mode is: " + mode + "\n\x1b[0m");
-    in.findText("model_word1", expectation_.word1);
-    in.findText("model_word2", expectation_.word2);
-    r.model_word1 = pointerTo(expectation_.word1);
-    r.model_word2 = pointerTo(expectation_.word2);
+    const std::string current = kGreen + std::string("Current wakeup mode is: ");
+    say(section, 4, current + "%d\n" + kPlain, current + mode + "\n" + kPlain);
+}
+
+bool Readers::readKeys(const Section& section, int32_t* mask, std::string& record, bool* disabled) {
+    const std::string& name = section.name;
+    for (const Key& key : section.keys) {
+        if (key.use == Use::NoKey) {
+            if (!key.sample.is_null()) store(key, valueOf(key.sample), record);
+            continue;
+        }
+        const Value* const value = find(section, key);
+        if (!value && key.use == Use::Required) {
+            report(section, "find " + section.reported() + " " + key.name + " failed");
+            return false;
+        }
+        if (key.kind != Kind::Status) {
+            if (name == "gsc") {
+                if (value->integer == 1) *mask |= 0x100;
+            } else if (value) {
+                take(section, key, *value, record);
+            }
+            if (expectation_.aborts) return false;
+            if (name == "wakeup") review(section, key, record);
+            continue;
+        }
+        const bool enabled = value && strcasecmp(value->text.c_str(), "enable") == 0;
+        const bool playback = section.playback_bit && strcasecmp(root_.c_str(), "ebo_ao_configs") == 0;
+        if (enabled && mask) *mask |= playback ? section.playback_bit : section.bit;
+        if (!enabled && (name == "aec" || name == "bf" || name == "delay"))
+            say(section, 5, name + ": not enable", name + ": not enable");
+        *disabled = !enabled;
+        // Three sections go on only when they are enabled, the wake-up by the bit in the mask.
+        if (name == "delay" && !enabled) return false;
+        if (name == "ainr" && !enabled) return true;
+        if (name == "wakeup" && (*mask & section.bit) == 0) return true;
+        if (name == "wakeup") put<int32_t>(record, section.key("wakeup_frames").offset, 180);
+    }
     return true;
 }
 
-bool Readers::ainr(EboAiNRParam& r, int32_t& mask) {
-    Section in = open("ainr", "parseEboAINRConfigs");
-    if (!in.status(mask, 0x20000)) return false;
-    if (in.enabled) in.findText("model_path", expectation_.model_path);
-    r.model_path = pointerTo(expectation_.model_path);
-    return true;
+bool Readers::read(const Section& section, int32_t* mask) {
+    if (!mask && section.name != "agc") return false;
+    std::vector<std::string>& calls = expectation_.calls;
+    const std::string function = section.reader.function;
+    const Value* const keys = member(member(&document_, root_), section.name);
+    const bool there = keys && keys->kind == Value::Kind::Object;
+    calls.emplace_back("meta made");
+    calls.push_back((there ? "getOptions " : "missing getOptions ") + root_ + "/" + section.name);
+    if (section.hasRecord()) allocate(section.name, function, section.assertion);
+    std::string record(section.reader.size, '\0');
+    bool disabled = false;
+    const bool succeeds = readKeys(section, mask, record, &disabled);
+    const bool safely = section.name == "ainr" || (section.name == "delay" && disabled);
+    if (!succeeds) release(section.name, safely ? function : "");
+    calls.emplace_back("meta gone");
+    if (succeeds && section.hasRecord()) expectation_.parts[section.name] = record;
+    return succeeds;
+}
+
+void expect(const Section& section, const Value& document, const std::string& root, int32_t* mask,
+            Expectation& expectation) {
+    Readers in(document, root, expectation);
+    expectation.failed = !in.read(section, mask);
+    if (!expectation.failed) return;
+    expectation.parts.clear();
+    expectation.leaks = in.blocks();
 }
 
 }  // namespace model

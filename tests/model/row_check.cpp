@@ -24,16 +24,16 @@ void compare(const char* what, const Number& expected, const Number& observed, s
            std::to_string(observed) + "\n";
 }
 
-template <size_t N>
-void checkFloats(const char* what, const std::string& text, std::string& out) {
-    float expected[N];
-    float observed[N];
-    for (size_t i = 0; i < N; ++i) expected[i] = observed[i] = kUntouched;
-    scanFloats(text, expected);
+void checkFloats(const std::string& text, size_t count, std::string& out) {
+    float expected[10];
+    float observed[10];
+    for (size_t i = 0; i < count; ++i) expected[i] = observed[i] = kUntouched;
+    scanFloats(text, expected, count);
     EboScanner scanner(text.c_str());
-    for (size_t i = 0; i < N && scanner.real(&observed[i]); ++i) {
+    for (size_t i = 0; i < count && scanner.real(&observed[i]); ++i) {
     }
-    for (size_t i = 0; i < N; ++i) compare(what, expected[i], observed[i], out);
+    const std::string what = "a float of " + std::to_string(count);
+    for (size_t i = 0; i < count; ++i) compare(what.c_str(), expected[i], observed[i], out);
 }
 
 void checkIntegers(const std::string& text, std::string& out) {
@@ -71,9 +71,7 @@ void checkMap(const std::string& text, std::string& out) {
 std::string rowDifferences(const std::string& text) {
     std::string out;
     checkIntegers(text, out);
-    checkFloats<3>("a float of 3", text, out);
-    checkFloats<4>("a float of 4", text, out);
-    checkFloats<10>("a float of 10", text, out);
+    for (const size_t count : {3, 4, 10}) checkFloats(text, count, out);
     checkBands(text, out);
     checkMap(text, out);
     return out.empty() ? out : "\"" + text + "\"\n" + out;

@@ -5,7 +5,8 @@
 
 namespace model {
 
-// All differences between what the two make of the text, taken as each kind of row; empty when there are none.
+// All differences between what the two make of the text, taken as each kind of row; empty when there are
+// none.
 std::string rowDifferences(const std::string& text);
 
 }  // namespace model

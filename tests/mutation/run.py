@@ -26,7 +26,7 @@ SANITIZED = {**os.environ, "ASAN_OPTIONS": "detect_leaks=0:hard_rss_limit_mb=204
 TIME_LIMIT = 60  # seconds of the processor's time for one test executable; the slowest takes about seven
 HEADERS = ["config/ebo_log.h", "config/ebo_params.h"]  # those with constants that a host sees
 # By the start of the mutated file's name: the tests that are likely to fail, and so come first.
-FIRST = {"config/dump/": ("dumps",), "config/ebo_lifecycle": ("lifecycle", "create"), "config/parse/loaders": ("load",)}
+FIRST = {"config/dump/": ("dumps",), "config/ebo_lifecycle": ("lifecycle",), "config/parse/loaders": ("loaders",)}
 
 
 def ninja(build, *arguments):
@@ -43,7 +43,7 @@ def compile_commands(build):
 def link_command(build, test):
     """How to link the test, with OBJECT before the library and into OUTPUT."""
     link = ninja(build, "-t", "commands", test).strip().split("\n")[-1]
-    head, objects, tail = re.match(r": && (.*?) (\S+\.cpp\.o .*) -o \S+ (.*) && :", link).groups()
+    head, objects, tail = re.match(r": && (.*?) (\S+\.cpp\.o.*) -o \S+ (.*) && :", link).groups()
     return f"{head} {SANITIZER} -fuse-ld=gold OBJECT {objects} -o OUTPUT {tail}"
 
 

@@ -1,192 +1,126 @@
-// What holds for every key, one test instance per key.
+// What holds for every key of every section, one test instance per key.
+#include <cmath>
 #include <limits>
 
-#include "sections/reading.h"
+#include "harness/modelled.h"
+
+using model::Key;
+using model::Kind;
+using model::Section;
+using model::Use;
 
 namespace {
 
-std::string nameOf(const testing::TestParamInfo<Key>& info) {
-    return std::string(info.param.section) + "_" + info.param.name;
-}
+struct KeyOf {
+    std::string name;
+    const Section* section;
+    const Key* key;
+};
 
-std::vector<Key> keysWhere(bool (*condition)(const Key&)) {
-    std::vector<Key> keys;
-    for (const Key& key : allKeys())
-        if (condition(key)) keys.push_back(key);
+std::vector<KeyOf> allKeys() {
+    std::vector<KeyOf> keys;
+    for (const Section& section : model::allSections())
+        for (const Key& key : section.keys)
+            if (key.use != Use::NoKey) keys.push_back({section.name + "_" + key.name, &section, &key});
     return keys;
 }
 
-bool isRequired(const Key& key) {
-    return key.missing != kOptional;
-}
-bool isStatus(const Key& key) {
-    return key.name == std::string("status");
+void PrintTo(const KeyOf& key, std::ostream* out) {
+    *out << key.name;
 }
 
-template <Kind kind>
-bool isOfKind(const Key& key) {
-    return key.field.kind == kind;
-}
+class EachKey : public testing::TestWithParam<KeyOf> {
+protected:
+    const Section& section = *GetParam().section;
+    const Key& key = *GetParam().key;
 
-// A map that was taken stays allocated when a later key of "aec" is missing.
-void expectMapToLeak(Reading* reading, const Key& key) {
-    if (reading->section.name == std::string("aec") && !isStatus(key)) reading->host.expectLeaks(1);
-}
-
-void expectMessageOf(const Key& key, Reading* reading) {
-    SCOPED_TRACE(reading->keys.dump());
-    const int before = reading->mask;
-    const int bit = isStatus(key) || reading->keys["status"] != "enable" ? 0 : reading->section.bit;
-    expectMapToLeak(reading, key);
-    reading->run();
-    EXPECT_TRUE(reading->failed);
-    EXPECT_EQ(reading->record, nullptr);
-    EXPECT_EQ(reading->mask, before | bit);
-    expectLog(reading->host, reading->expectedLines(key.name));
-}
-
-class RequiredKey : public testing::TestWithParam<Key> {};
-INSTANTIATE_TEST_SUITE_P(Each, RequiredKey, testing::ValuesIn(keysWhere(isRequired)), nameOf);
-
-TEST_P(RequiredKey, IsReportedOnceWhenMissing) {
-    Reading reading(GetParam().section);
-    reading.keys.erase(GetParam().name);
-    expectMessageOf(GetParam(), &reading);
-}
-
-TEST_P(RequiredKey, IsReportedWhenAllLaterKeysAreMissingToo) {
-    Reading reading(GetParam().section);
-    bool later = false;
-    for (const Key& key : keysOf(GetParam().section)) {
-        later = later || key.name == std::string(GetParam().name);
-        if (later) reading.keys.erase(key.name);
+    // A required key that is not found: its message alone, no record, and the bit of an enabled section.
+    void expectMissing(Reading& reading) {
+        SCOPED_TRACE(reading.keys.dump());
+        const int before = reading.mask;
+        reading.run();
+        if (key.use == Use::Optional) return;
+        const bool enabled = reading.keys.value("status", json()) == "enable";
+        EXPECT_TRUE(reading.failed);
+        EXPECT_TRUE(reading.parts.empty());
+        EXPECT_EQ(reading.mask, before | (enabled ? section.bit : 0));
+        if (section.name != "delay" || enabled || key.kind == Kind::Status) {
+            EXPECT_EQ(reading.host.log().back().text,
+                      red("find " + section.reported() + " " + key.name + " failed"));
+        }
     }
-    expectMessageOf(GetParam(), &reading);
+};
+INSTANTIATE_TEST_SUITE_P(Of, EachKey, testing::ValuesIn(allKeys()), nameOfCase<KeyOf>);
+
+TEST_P(EachKey, IsReportedWhenMissingWithWhateverFollows) {
+    Reading alone(section.name);
+    alone.keys.erase(key.name);
+    expectMissing(alone);
+    Reading among_others(section.name);
+    bool later = false;
+    for (const Key& other : section.keys) {
+        later = later || &other == &key;
+        if (later) among_others.keys.erase(other.name);
+    }
+    expectMissing(among_others);
+    Reading with_bits(section.name);
+    with_bits.keys.erase(key.name);
+    with_bits.mask = std::numeric_limits<int>::max() & ~section.bit;
+    expectMissing(with_bits);
+    Reading disabled(section.name);
+    disabled.keys["status"] = "disable";
+    disabled.keys.erase(key.name);
+    expectMissing(disabled);
 }
 
-TEST_P(RequiredKey, OfTheWrongTypeCountsAsMissing) {
+TEST_P(EachKey, OfTheWrongTypeCountsAsMissing) {
     const json no_integers = {"7", "", 1.5, 7.0, true, nullptr, {7}, {{"a", 7}}, 2147483648U, -2147483649LL};
     const json no_numbers = {"0.5", "", true, false, nullptr, {0.5}, {{"a", 0.5}}};
     const json no_texts = {7, 1.5, true, nullptr, {"enable"}, {{"a", "enable"}}};
-    const Call call = GetParam().call;
-    for (const json& wrong : call == Call::Int32   ? no_integers
-                             : call == Call::Float ? no_numbers
-                                                   : no_texts) {
-        Reading reading(GetParam().section);
-        reading.keys[GetParam().name] = wrong;
-        expectMessageOf(GetParam(), &reading);
+    for (const json& wrong : key.isInteger() ? no_integers : key.isText() ? no_texts : no_numbers) {
+        Reading reading(section.name);
+        reading.keys[key.name] = wrong;
+        expectMissing(reading);
     }
 }
 
-TEST_P(RequiredKey, IsLookedUpByItsExactName) {
-    std::string other = GetParam().name;
+TEST_P(EachKey, IsLookedUpByItsExactName) {
+    std::string other = key.name;
     other[0] = static_cast<char>(other[0] ^ 0x20);
-    for (const std::string& name :
-         {other, GetParam().name + std::string("_"), " " + std::string(GetParam().name)}) {
-        Reading reading(GetParam().section);
-        reading.keys[name] = reading.keys[GetParam().name];
-        reading.keys.erase(GetParam().name);
-        expectMessageOf(GetParam(), &reading);
+    for (const std::string& name : {other, key.name + "_", " " + key.name}) {
+        Reading reading(section.name);
+        reading.keys[name] = reading.keys[key.name];
+        reading.keys.erase(key.name);
+        expectMissing(reading);
     }
 }
 
-TEST_P(RequiredKey, LeavesTheBitsThatWereSetBefore) {
-    Reading reading(GetParam().section);
-    reading.keys.erase(GetParam().name);
-    reading.mask = std::numeric_limits<int>::max() & ~reading.section.bit;
-    expectMessageOf(GetParam(), &reading);
-}
-
-bool isRequiredWhenDisabled(const Key& key) {
-    return isRequired(key) && !isStatus(key) && key.section != std::string("delay");
-}
-
-class KeyOfDisabledSection : public testing::TestWithParam<Key> {};
-INSTANTIATE_TEST_SUITE_P(Each, KeyOfDisabledSection, testing::ValuesIn(keysWhere(isRequiredWhenDisabled)),
-                         nameOf);
-
-TEST_P(KeyOfDisabledSection, IsRequiredAllTheSame) {
-    Reading reading(GetParam().section);
-    reading.keys["status"] = "disable";
-    reading.keys.erase(GetParam().name);
-    expectMessageOf(GetParam(), &reading);
-}
-
-bool isStored(const Key& key) {
-    return key.field.kind != Kind::None;
-}
-
-class StoredKey : public testing::TestWithParam<Key> {};
-INSTANTIATE_TEST_SUITE_P(Each, StoredKey, testing::ValuesIn(keysWhere(isStored)), nameOf);
-
-TEST_P(StoredKey, IsFoundInItsField) {
-    Reading reading(GetParam().section);
-    reading.run();
-    ASSERT_FALSE(reading.failed);
-    EXPECT_EQ(GetParam().field.read(reading.bytes()), stored(GetParam(), GetParam().sample));
-}
-
-void expectStored(const Key& key, const json& value, const json& want) {
-    SCOPED_TRACE(value.dump());
-    Reading reading(key.section);
-    reading.keys[key.name] = value;
-    reading.run();
-    ASSERT_FALSE(reading.failed);
-    EXPECT_EQ(key.field.read(reading.bytes()), want);
-    for (const Key& other : keysOf(key.section)) {  // and nowhere else
-        if (!other.field.read || other.name == std::string(key.name)) continue;
-        EXPECT_EQ(other.field.read(reading.bytes()), stored(other, other.sample)) << other.name;
+TEST_P(EachKey, KeepsItsValueToItsLastBit) {
+    if (section.name == "gsc" || key.isText()) return;
+    constexpr int kMost = std::numeric_limits<int>::max();
+    std::vector<std::pair<json, json>> values;  // and what is stored
+    if (key.kind == Kind::Int16)
+        values = {{32767, 32767}, {-32768, -32768}, {40000, -25536}, {65535, -1},    {65537, 1},
+                  {70000, 4464},  {-32769, 32767},  {kMost, -1},     {-kMost - 1, 0}};
+    if (key.kind == Kind::Int32)
+        values = {{0, 0}, {-1, -1}, {70000, 70000}, {kMost, kMost}, {-kMost - 1, -kMost - 1}};
+    if (key.kind == Kind::Flag)
+        values = {{0, 0}, {1, 1}, {5, 1}, {-1, 1}, {2, 1}, {256, 1}, {65536, 1}, {-kMost - 1, 1}};
+    if (key.kind == Kind::Float) {
+        values = {{0.1, 0.1F}, {7, 7.0}};
+        for (const float value :
+             {-0.3F, 16777216.0F, 3.4028235e38F, -3.4028235e38F, 1.17549435e-38F, 1e-45F, -0.0F})
+            values.emplace_back(static_cast<double>(value), static_cast<double>(value));
     }
-}
-
-class Int16Key : public testing::TestWithParam<Key> {};
-INSTANTIATE_TEST_SUITE_P(Each, Int16Key, testing::ValuesIn(keysWhere(isOfKind<Kind::Int16>)), nameOf);
-
-TEST_P(Int16Key, KeepsTheLow16Bits) {
-    expectStored(GetParam(), 32767, 32767);
-    expectStored(GetParam(), -32768, -32768);
-    expectStored(GetParam(), 40000, -25536);
-    expectStored(GetParam(), 65535, -1);
-    expectStored(GetParam(), 65537, 1);
-    expectStored(GetParam(), 70000, 4464);
-    expectStored(GetParam(), -32769, 32767);
-    expectStored(GetParam(), std::numeric_limits<int>::max(), -1);
-    expectStored(GetParam(), std::numeric_limits<int>::min(), 0);
-}
-
-class Int32Key : public testing::TestWithParam<Key> {};
-INSTANTIATE_TEST_SUITE_P(Each, Int32Key, testing::ValuesIn(keysWhere(isOfKind<Kind::Int32>)), nameOf);
-
-TEST_P(Int32Key, KeepsAll32Bits) {
-    expectStored(GetParam(), 0, 0);
-    expectStored(GetParam(), -1, -1);
-    expectStored(GetParam(), 70000, 70000);
-    expectStored(GetParam(), std::numeric_limits<int>::max(), std::numeric_limits<int>::max());
-    expectStored(GetParam(), std::numeric_limits<int>::min(), std::numeric_limits<int>::min());
-}
-
-class FlagKey : public testing::TestWithParam<Key> {};
-INSTANTIATE_TEST_SUITE_P(Each, FlagKey, testing::ValuesIn(keysWhere(isOfKind<Kind::Flag>)), nameOf);
-
-TEST_P(FlagKey, IsOneForAnyOtherValueThanZero) {
-    expectStored(GetParam(), 0, 0);
-    for (const int value : {1, 5, -1, 2, 256, 65536, std::numeric_limits<int>::min()})
-        expectStored(GetParam(), value, 1);
-}
-
-class FloatKey : public testing::TestWithParam<Key> {};
-INSTANTIATE_TEST_SUITE_P(Each, FloatKey, testing::ValuesIn(keysWhere(isOfKind<Kind::Float>)), nameOf);
-
-TEST_P(FloatKey, IsStoredAsTheNearestFloat) {
-    for (const float value :
-         {0.1F, -0.3F, 16777216.0F, 3.4028235e38F, -3.4028235e38F, 1.17549435e-38F, 1e-45F})
-        expectStored(GetParam(), static_cast<double>(value), static_cast<double>(value));
-    expectStored(GetParam(), 0.1, static_cast<double>(0.1F));
-    expectStored(GetParam(), 7, 7.0);
-    Reading reading(GetParam().section);
-    reading.keys[GetParam().name] = -0.0;
-    reading.run();
-    EXPECT_TRUE(std::signbit(GetParam().field.read(reading.bytes()).get<double>()));
+    for (const auto& [value, want] : values) {
+        Reading reading(section.name);
+        reading.keys[key.name] = value;
+        reading.run();
+        EXPECT_EQ(reading.value(key.name), want) << value;
+        if (value == 0.0 && key.kind == Kind::Float) {
+            EXPECT_TRUE(std::signbit(reading.value(key.name).get<double>()));
+        }
+    }
 }
 
 }  // namespace
