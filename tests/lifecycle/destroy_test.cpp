@@ -83,14 +83,11 @@ TEST(Destroy, HandsEmptySlotsOnAndSurvivesNull) {
                 {"safe_free null destroyEboAnrConfig", "safe_free null destroyEboHowlConfig",
                  "safe_free #1 destroyEboRxConfig"},
                 {"safe_free null destroyEboRxConfig"});
-    expectEmpty(destroyEboBeamFormConfig,
-                {"safe_free null destroyEboDereverbConfig", "safe_free null destroyEboNlpConfig",
-                 "safe_free null destroyEboAnrConfig", "safe_free null destroyEboAgcConfig",
-                 "safe_free null destroyEboCngConfig", "safe_free null destroyEboDtdConfig",
-                 "safe_free null destroyEboAesConfig", "safe_free null destroyEboHowlConfig",
-                 "safe_free null destroyEboDoaConfig", "safe_free null destroyEboWakeupConfig",
-                 "safe_free null destroyEboAiNRConfig", "safe_free #1 destroyEboBeamFormConfig"},
-                {});
+    Lines slots;
+    for (const std::string& name : model::destroyOrder())
+        slots.push_back(std::string("safe_free null ") + model::sectionOf(name).reader.destroyer);
+    slots.emplace_back("safe_free #1 destroyEboBeamFormConfig");
+    expectEmpty(destroyEboBeamFormConfig, slots, {});
     expectEmpty(destroyEboConfig, {"safe_free null destroyEboAecConfig", "safe_free #1 destroyEboConfig"},
                 {});
     expectEmpty(destroyEboAoConfig, {"safe_free null destroyEboRxConfig", "safe_free #1 destroyEboAoConfig"},
@@ -118,31 +115,28 @@ protected:
     }
 };
 
-const Lines kCapture = {"parseEboDelayConfigs by destroyEboDelayConfig",
-                        "parseEboAecConfigs:2 by destroyEboAecConfig",
-                        "parseEboAecConfigs by destroyEboAecConfig",
-                        "parseEboDereverbConfigs by destroyEboDereverbConfig",
-                        "parseEboNlpConfigs by destroyEboNlpConfig",
-                        "parseEboAnrConfigs by destroyEboAnrConfig",
-                        "parseEboAgcConfigs by destroyEboAgcConfig",
-                        "parseEboCngConfigs by destroyEboCngConfig",
-                        "parseEboDtdConfigs by destroyEboDtdConfig",
-                        "parseEboAesConfigs by destroyEboAesConfig",
-                        "parseEboHowlConfigs by destroyEboHowlConfig",
-                        "parseEboDoaConfigs by destroyEboDoaConfig",
-                        "hello-lamp by destroyEboWakeupConfig",
-                        "good-night by destroyEboWakeupConfig",
-                        "parseEboWakeupConfigs by destroyEboWakeupConfig",
-                        "/models/noise.bin by destroyEboAiNRConfig",
-                        "parseEboAINRConfigs by destroyEboAiNRConfig",
-                        "parseEboBfConfigs by destroyEboBeamFormConfig",
-                        "parseEboConfigs by destroyEboConfig"};
+// The words and the path go before their records.
+Lines capture() {
+    Lines lines = {"parseEboDelayConfigs by destroyEboDelayConfig",
+                   "parseEboAecConfigs:2 by destroyEboAecConfig",
+                   "parseEboAecConfigs by destroyEboAecConfig"};
+    for (const std::string& name : model::destroyOrder()) {
+        const model::Section& section = model::sectionOf(name);
+        const std::string by = std::string(" by ") + section.reader.destroyer;
+        for (const model::Key& key : section.keys)
+            if (key.kind == model::Kind::Word) lines.push_back(key.sample.get<std::string>() + by);
+        lines.push_back(section.reader.function + by);
+    }
+    lines.insert(lines.end(),
+                 {"parseEboBfConfigs by destroyEboBeamFormConfig", "parseEboConfigs by destroyEboConfig"});
+    return lines;
+}
 
 TEST_F(LoadedTree, OfTheCapturePathIsReleasedInOrderButForTheReservedSlot) {
     KAEboParam* ebo = parseEboConfigs(path.c_str());
     void* const reserved = std::malloc(1);
     ebo->bf->reserved = reserved;
-    expectReleased(destroyEboConfig, ebo, kCapture);
+    expectReleased(destroyEboConfig, ebo, capture());
     std::free(reserved);
 }
 

@@ -8,61 +8,6 @@ namespace model {
 
 namespace {
 
-// What a module prints when its bit is set and, but for the wake-up, its record is there. Where a format does
-// not name its field, the names of all fields follow after a bar.
-struct Block {
-    int32_t bit;
-    const char* section;  // "": without a record
-    std::vector<const char*> lines;
-};
-
-// clang-format off
-const std::vector<const char*> kAnr = {"anr:",
-    "   noiseFactor = %f, swU = %d",
-    "   psiMin = %f, psiMax = %f, fGmin = %f",
-    "   Sup_Freq1 = %d, Sup_Freq2 = %d, Sup_Energy1 = %f Sup_Energy2 = %f",
-    "   InterV = %d, BiasMin = %f, UpdateFrm = %d",
-    "   NPreGammaThr = %f, NPreZetaThr = %f, SabsGammaThr0 = %f SabsGammaThr1 = %f",
-    "   InfSmooth = %f, ProbSmooth = %f, CompCoeff = %f",
-    "   PrioriMin = %f, PrioriMin = %f, PostMax = %f, PrioriRatio = %f, PrioriRatioLow = %f",
-    "   SplitBand = %d, PrioriSmooth = %f, TranMode = %d"};
-const std::vector<const char*> kHowl = {"howl:", "   mode = %d"};
-
-const std::vector<Block> kBeamForm = {
-    {0, "bf", {"****************** BeamForm Configs dump ******************", "model_en = 0x%x, ref_pos = %d", "targ = %d", "num_ref_channel = %d, drop_ref_channel = %d"}},
-    {0x1, "", {"fast_aec:", "   enabled"}},
-    {0x2, "wakeup", {"wakeup:", "   enabled", "   wakeup_frames: %d", "   wakeup_words: %d", "   mode: %d", "   word1: %s|model_word1", "   word2: %s|model_word2"}},
-    {0x100, "", {"gsc:", "   enabled"}},
-    {0x1000, "", {"eq:", "   enabled"}},
-    {0x4, "dereverb", {"dereverb:", "   rlsLg = %d, curveLg = %d, delay = %d", "   forgetting = %f, t60 = %f, coCoeff = %f"}},
-    {0x8, "nlp", {"nlp:", "   BandPassThd   SuperEstFactor"}},
-    {0x10, "aes", {"aes:", "   beta_up = %f, beta_down = %f", "   beta_up_low = %f, beta_down = %f", "   low_freq = %d, high_freq = %d",
-        "   thd_flag = %d, hard_flag = %d", "   LimitRatio:", "   ThdSplitFreq:", "   ThdSupDegree:", "   HardSplitFreq:", "   HardThreshold:"}},
-    {0x40, "anr", kAnr},
-    {0x20, "agc", {"agc:", "   attack_time = %f, release_time = %f, attenuate_time = %f", "   max_gain = %f, max_peak = %f", "   fLineGainDb = %f",
-        "   fRth0 = %f, fRth1 = %f, fRth2 = %f", "   fRk0 = %f, fRk1 = %f, fRk1 = %f|fRk0 fRk1 fRk2", "   swSmL0 = %d, swSmL1 = %d, swSmL2 = %d"}},
-    {0x800, "cng", {"cng:", "   fGain = %f, fMpy = %f", "   fSmoothAlpha = %f, fSpeechGain = %f"}},
-    {0x400, "dtd", {"stdt:", "   ksiThd_high = %f, ksiThd_low = %f"}},
-    {0x4000, "howl", kHowl},
-    {0x8000, "doa", {"doa:", "   rad = %f, start_freq = %d, end_freq = %d", "   lg_num = %d, lg_pitch_num = %d"}},
-    {0x10000, "", {"wind:", "   enabled"}},
-    {0x20000, "ainr", {"ainr:", "   model_path: %s"}},
-};
-
-const std::vector<Block> kAec = {
-    {0, "aec", {"********************* AEC Configs dump ******************", "pos = %d, drop_ref_channel = %d",
-        "model_aec_en = 0x%x, delay_len = %d, look_ahead = %d filter_len = %d"}},
-    {0x1, "delay", {"delay:", "   enabled", "   MaxFrame = %d, LeastDelay = %d, JumpFrame = %d, DelayOffset = %d",
-        "   MicAmpThr = %d, RefAmpThr = %d, StartFreq = %d, EndFreq = %d", "   SmoothFactor = %f"}},
-};
-
-const std::vector<Block> kAo = {
-    {0, "", {"****************** AO Configs dump ******************"}},
-    {0x1, "anr", kAnr},
-    {0x2, "howl", kHowl},
-};
-// clang-format on
-
 // The formats are those above.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 
@@ -167,13 +112,13 @@ private:
 
 void dumpAec(const Parts& parts, Log& log) {
     Dump dump("dumpEboAecConfig", parts, log);
-    dump.blocks(kAec, get<int32_t>(parts.at("aec"), sectionOf("aec").key("model_aec_en").offset));
+    dump.blocks(aecBlocks(), get<int32_t>(parts.at("aec"), sectionOf("aec").key("model_aec_en").offset));
     dump.say("********************** End ******************************");
 }
 
 void dumpBeamForm(const Parts& parts, Log& log) {
     Dump dump("dumpEboBeamFormConfig", parts, log);
-    dump.blocks(kBeamForm, get<int32_t>(parts.at("bf"), sectionOf("bf").key("model_en").offset));
+    dump.blocks(beamFormBlocks(), get<int32_t>(parts.at("bf"), sectionOf("bf").key("model_en").offset));
     dump.say("********************** End ***************************");
 }
 
@@ -182,9 +127,9 @@ void dumpAo(const Parts& parts, Log& log) {
     const auto mask = get<int32_t>(parts.at("rx"), 0);
     char bits[16];
     std::snprintf(bits, sizeof bits, "%x", static_cast<unsigned>(mask));
-    dump.blocks({kAo.front()}, mask);
+    dump.blocks({aoBlocks().front()}, mask);
     dump.say("model_en = 0x%x", "model_en = 0x" + std::string(bits));
-    dump.blocks({kAo.begin() + 1, kAo.end()}, mask);
+    dump.blocks({aoBlocks().begin() + 1, aoBlocks().end()}, mask);
     dump.say("********************** End ***************************");
 }
 

@@ -10,7 +10,7 @@ namespace model {
 namespace {
 
 template <class T, T* (*Read)(void*, const char*, int*), void (*Destroy)(T**)>
-constexpr Reader record(const char* function, size_t slot) {
+constexpr Reader record(const char* function, const char* destroyer, size_t slot) {
     const auto read = [](void* parser, const char* root, int* model_en) {
         T* const made = Read(parser, root, model_en);
         const auto destroy = [](void* last) {
@@ -19,7 +19,7 @@ constexpr Reader record(const char* function, size_t slot) {
         };
         return Outcome{made == nullptr, std::shared_ptr<void>(made, destroy)};
     };
-    return {function, read, sizeof(T), slot};
+    return {function, destroyer, read, sizeof(T), slot};
 }
 
 template <int (*Read)(void*, const char*, int*)>
@@ -29,7 +29,7 @@ constexpr Reader toggle(const char* function) {
         if (result != 0 && result != -1) throw std::logic_error("neither 0 nor -1");
         return Outcome{result != 0, nullptr};
     };
-    return {function, read, 0, 0};
+    return {function, "", read, 0, 0};
 }
 
 template <class T>
@@ -43,7 +43,7 @@ constexpr Kind kindOf() {
 
 // clang-format off
 #define FIELD(Record, place) kindOf<std::remove_reference_t<decltype(std::declval<Record>().place)>>(), Use::Required, offsetof(Record, place), std::extent_v<std::remove_reference_t<decltype(std::declval<Record>().place)>>
-#define RECORD(Record, Read, Destroy, slot) record<Record, Read, Destroy>(#Read, slot)
+#define RECORD(Record, Read, Destroy, slot) record<Record, Read, Destroy>(#Read, #Destroy, slot)
 #define TOGGLE(Read) toggle<Read>(#Read)
 // clang-format on
 
@@ -185,6 +185,18 @@ std::vector<Key> ainrKeys() {
     return {status(), as(Use::Optional, K(model_path, "/models/noise.bin"))};
 }
 
+// The lines of the dumps.
+const std::vector<const char*> kAnr = {"anr:",
+    "   noiseFactor = %f, swU = %d",
+    "   psiMin = %f, psiMax = %f, fGmin = %f",
+    "   Sup_Freq1 = %d, Sup_Freq2 = %d, Sup_Energy1 = %f Sup_Energy2 = %f",
+    "   InterV = %d, BiasMin = %f, UpdateFrm = %d",
+    "   NPreGammaThr = %f, NPreZetaThr = %f, SabsGammaThr0 = %f SabsGammaThr1 = %f",
+    "   InfSmooth = %f, ProbSmooth = %f, CompCoeff = %f",
+    "   PrioriMin = %f, PrioriMin = %f, PostMax = %f, PrioriRatio = %f, PrioriRatioLow = %f",
+    "   SplitBand = %d, PrioriSmooth = %f, TranMode = %d"};
+const std::vector<const char*> kHowl = {"howl:", "   mode = %d"};
+
 #define SLOT(module) offsetof(EboBeamFormParam, module)
 
 }  // namespace
@@ -211,7 +223,64 @@ const std::vector<Section>& allSections() {
     };
     return sections;
 }
+
+// In the order of the dumps, which is not that of the bits.
+const std::vector<Block>& beamFormBlocks() {
+    static const std::vector<Block> blocks = {
+        {0, "bf", {"****************** BeamForm Configs dump ******************", "model_en = 0x%x, ref_pos = %d", "targ = %d", "num_ref_channel = %d, drop_ref_channel = %d"}},
+        {0x1, "", {"fast_aec:", "   enabled"}},
+        {0x2, "wakeup", {"wakeup:", "   enabled", "   wakeup_frames: %d", "   wakeup_words: %d", "   mode: %d", "   word1: %s|model_word1", "   word2: %s|model_word2"}},
+        {0x100, "", {"gsc:", "   enabled"}},
+        {0x1000, "", {"eq:", "   enabled"}},
+        {0x4, "dereverb", {"dereverb:", "   rlsLg = %d, curveLg = %d, delay = %d", "   forgetting = %f, t60 = %f, coCoeff = %f"}},
+        {0x8, "nlp", {"nlp:", "   BandPassThd   SuperEstFactor"}},
+        {0x10, "aes", {"aes:", "   beta_up = %f, beta_down = %f", "   beta_up_low = %f, beta_down = %f", "   low_freq = %d, high_freq = %d",
+            "   thd_flag = %d, hard_flag = %d", "   LimitRatio:", "   ThdSplitFreq:", "   ThdSupDegree:", "   HardSplitFreq:", "   HardThreshold:"}},
+        {0x40, "anr", kAnr},
+        {0x20, "agc", {"agc:", "   attack_time = %f, release_time = %f, attenuate_time = %f", "   max_gain = %f, max_peak = %f", "   fLineGainDb = %f",
+            "   fRth0 = %f, fRth1 = %f, fRth2 = %f", "   fRk0 = %f, fRk1 = %f, fRk1 = %f|fRk0 fRk1 fRk2", "   swSmL0 = %d, swSmL1 = %d, swSmL2 = %d"}},
+        {0x800, "cng", {"cng:", "   fGain = %f, fMpy = %f", "   fSmoothAlpha = %f, fSpeechGain = %f"}},
+        {0x400, "dtd", {"stdt:", "   ksiThd_high = %f, ksiThd_low = %f"}},
+        {0x4000, "howl", kHowl},
+        {0x8000, "doa", {"doa:", "   rad = %f, start_freq = %d, end_freq = %d", "   lg_num = %d, lg_pitch_num = %d"}},
+        {0x10000, "", {"wind:", "   enabled"}},
+        {0x20000, "ainr", {"ainr:", "   model_path: %s"}},
+    };
+    return blocks;
+}
+
+const std::vector<Block>& aecBlocks() {
+    static const std::vector<Block> blocks = {
+        {0, "aec", {"********************* AEC Configs dump ******************", "pos = %d, drop_ref_channel = %d",
+            "model_aec_en = 0x%x, delay_len = %d, look_ahead = %d filter_len = %d"}},
+        {0x1, "delay", {"delay:", "   enabled", "   MaxFrame = %d, LeastDelay = %d, JumpFrame = %d, DelayOffset = %d",
+            "   MicAmpThr = %d, RefAmpThr = %d, StartFreq = %d, EndFreq = %d", "   SmoothFactor = %f"}},
+    };
+    return blocks;
+}
+
+const std::vector<Block>& aoBlocks() {
+    static const std::vector<Block> blocks = {
+        {0, "", {"****************** AO Configs dump ******************"}},
+        {0x1, "anr", kAnr},
+        {0x2, "howl", kHowl},
+    };
+    return blocks;
+}
 // clang-format on
+
+const std::vector<std::string>& cleanUpOrder() {
+    static const std::vector<std::string> names = {"delay",    "aec",    "anr",  "agc", "nlp",
+                                                   "dereverb", "cng",    "dtd",  "aes", "howl",
+                                                   "doa",      "wakeup", "ainr", "bf",  "root"};
+    return names;
+}
+
+const std::vector<std::string>& destroyOrder() {
+    static const std::vector<std::string> names = {"dereverb", "nlp",  "anr", "agc",    "cng", "dtd",
+                                                   "aes",      "howl", "doa", "wakeup", "ainr"};
+    return names;
+}
 
 const Section& sectionOf(const std::string& name) {
     for (const Section& section : allSections())

@@ -1,5 +1,5 @@
-// The sections and their keys as the tests know them: the one list of theirs, never the library's tables. A
-// new key is a line here, and one in dumps.cpp where it is printed.
+// The sections, their keys and the lines of their dumps as the tests know them: the one list of theirs, never the
+// library's tables. What is new is added here.
 #pragma once
 
 #include <cstdint>
@@ -38,6 +38,7 @@ struct Outcome {
 // How a section is read, and where its record hangs.
 struct Reader {
     const char* function;
+    const char* destroyer;  // of the record
     Outcome (*read)(void* parser, const char* root, int* model_en);
     size_t size;  // of the record; 0: a switch
     size_t slot;  // offset in the container's record; 0: none
@@ -65,6 +66,21 @@ const Section& sectionOf(const std::string& name);
 json sampleOf(const Section& section, int file = 0);
 // A document with all three roots, every section enabled and complete.
 json sampleDocument();
+
+// What a module prints when its bit is set and, but for the wake-up, its record is there. Where a format does
+// not name its field, the names of all fields follow after a bar.
+struct Block {
+    int32_t bit;
+    const char* section;  // "": without a record
+    std::vector<const char*> lines;
+};
+const std::vector<Block>& aecBlocks();
+const std::vector<Block>& beamFormBlocks();
+const std::vector<Block>& aoBlocks();
+
+// The order in which a load that fails releases its records, and in which a beamformer's modules are destroyed.
+const std::vector<std::string>& cleanUpOrder();
+const std::vector<std::string>& destroyOrder();
 
 // For readable test names.
 inline void PrintTo(const Section& section, std::ostream* out) {

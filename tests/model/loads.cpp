@@ -100,9 +100,7 @@ private:
 
     // Releases the records, but neither map nor words.
     void abandon() {
-        for (const char* name : {"delay", "aec", "anr", "agc", "nlp", "dereverb", "cng", "dtd", "aes", "howl",
-                                 "doa", "wakeup", "ainr", "bf", "root"})
-            in_.release(name);
+        for (const std::string& name : cleanUpOrder()) in_.release(name);
         fail();
     }
     void fail() {

@@ -71,7 +71,7 @@ void checkMap(const std::string& text, std::string& out) {
 std::string rowDifferences(const std::string& text) {
     std::string out;
     checkIntegers(text, out);
-    for (const size_t count : {3, 4, 10}) checkFloats(text, count, out);
+    for (const size_t count : {size_t{3}, size_t{4}, size_t{10}}) checkFloats(text, count, out);
     checkBands(text, out);
     checkMap(text, out);
     return out.empty() ? out : "\"" + text + "\"\n" + out;
