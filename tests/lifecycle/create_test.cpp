@@ -66,7 +66,7 @@ constexpr size_t kModules = 7;  // the first of these, in the order in which the
 class EveryCreation : public testing::TestWithParam<Creation> {};
 INSTANTIATE_TEST_SUITE_P(Of, EveryCreation, testing::ValuesIn(kCreations), nameOfCase<Creation>);
 
-std::vector<std::string> mallocs(const std::vector<Block>& blocks, size_t missing = 0) {
+[[maybe_unused]] std::vector<std::string> mallocs(const std::vector<Block>& blocks, size_t missing = 0) {
     std::vector<std::string> lines;
     int number = 0;
     for (size_t i = 0; i < blocks.size(); ++i)
@@ -87,7 +87,7 @@ TEST_P(EveryCreation, AllocatesInOrderUnderItsOwnNameAndClearsNothing) {
     }
 }
 
-void createWithout(const Creation& creation, int allocation) {
+[[maybe_unused]] void createWithout(const Creation& creation, int allocation) {
     Host host;
     host.echo();
     if constexpr (Host::kRecords) host.recorder().fail_malloc = allocation;

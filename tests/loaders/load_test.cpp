@@ -148,7 +148,7 @@ TEST_P(LoadCase, HasItsOutcome) {
 }
 
 // The n-th allocation of a load fails.
-void loadWithout(Loader loader, int allocation) {
+[[maybe_unused]] void loadWithout(Loader loader, int allocation) {
     Host host;
     host.echo();
     if constexpr (Host::kRecords) host.recorder().fail_malloc = allocation;
