@@ -3,40 +3,28 @@
 #include "model/facts.h"
 #include "model/meanings.h"
 #include "report/json_writer.h"
+#include "report/schema_values.h"
 
 namespace {
 
-constexpr char kEnable[] = "[Ee][Nn][Aa][Bb][Ll][Ee]";
-constexpr char kDisable[] = "[Dd][Ii][Ss][Aa][Bb][Ll][Ee]";
-constexpr char kInteger[] = "[+-]?[0-9]+";
-constexpr char kNumber[] =
-    "[+-]?(([0-9]+[.]?[0-9]*|[.][0-9]+)([Ee][+-]?[0-9]+)?|[Ii][Nn][Ff]([Ii][Nn][Ii][Tt][Yy])?|[Nn][Aa][Nn])";
-constexpr char kBlank[] = "[ \\t\\r\\n]";
+// One line of what an editor shows about a key or section.
+struct Line {
+    const char* label;
+    std::string text;
+    bool code;  // as it stands in a file, a log or a record
+};
 
-// `count` times `number` with `separator` between them.
-std::string repeated(const std::string& number, const std::string& separator, int count) {
-    if (count == 0) return "";
-    return number + "(" + separator + number + "){" + std::to_string(count - 1) + "}";
-}
-
-// Blanks may stand before a number, and before the end, but not before a comma.
-std::string rowPattern(const EboKeyRow& row) {
-    const std::string blanks = kBlank + std::string("*");
-    const bool list = row.kind == EboKeyKind::BandList;
-    const std::string number = row.kind == EboKeyKind::FloatRow ? kNumber : kInteger;
-    const std::string separator = list ? "," + blanks : kBlank + std::string("+");
-    return "^" + blanks + repeated(number, separator, row.count) + blanks + "$";
-}
-
-// One form for each count, so that a map with too few or too many numbers is refused.
-std::string mapPattern(const EboKeyRow& row) {
-    const std::string blanks = kBlank + std::string("*");
-    std::string forms = "0" + blanks + "chn;map:.*";
-    for (int count = 1; count <= row.count; ++count) {
-        forms.append("|").append(std::to_string(count)).append(blanks).append("chn;map:").append(blanks);
-        forms.append(repeated(kInteger, "," + blanks, count));
+std::string markdown(const std::string& head, const std::vector<Line>& lines) {
+    std::string text = head + ".\n";
+    for (const Line& line : lines) {
+        text += std::string("\n- ") + line.label + ": " + (line.code ? "`" + line.text + "`" : line.text);
     }
-    return "^" + blanks + "(" + forms + ")" + blanks + "$";
+    return text;
+}
+
+bool isNumber(const EboKeyRow& row) {
+    return row.kind == EboKeyKind::Int32 || row.kind == EboKeyKind::Int16 || row.kind == EboKeyKind::Flag ||
+           row.kind == EboKeyKind::MaskBit || row.kind == EboKeyKind::Float;
 }
 
 class SchemaWriter {
@@ -55,9 +43,15 @@ public:
         writeRoot(kEboLoads[kEboAoLoad], "Playback path");
         writeRoot(kEboLoads[kEboAgcLoad], "Gain control alone, for a component that needs nothing else");
         json_.endObject();
-        json_.key("additionalProperties").boolean(false);
-        writeAnyRoot();
-        writeDefinitions();
+        writeNothingElse();
+        json_.key("anyOf").beginArray();
+        for (const EboLoad* load : rootLoads()) writeHas(load->root);
+        json_.endArray();
+        json_.key("definitions").beginObject();
+        for (const SectionPlace& place : sectionPlaces()) {
+            if (place.load == rootLoads().front()) writeSection(place);
+        }
+        json_.endObject();
         json_.endObject();
         return json_.document();
     }
@@ -79,31 +73,41 @@ private:
             if (place.load == &load && place.required) json_.text(place.section->name);
         }
         json_.endArray();
+        writeNothingElse();
+        json_.endObject();
+    }
+
+    // But notes.
+    void writeNothingElse() {
+        json_.key("patternProperties").beginObject().key("^(_|//)").beginObject();
+        json_.key("description").text("A note; a device ignores it.").endObject().endObject();
         json_.key("additionalProperties").boolean(false);
+    }
+
+    // An object with that member. Strict validators want to see each required property among the properties.
+    void writeHas(const char* member) {
+        json_.beginObject();
+        json_.key("properties").beginObject().key(member).boolean(true).endObject();
+        json_.key("required").beginArray().text(member).endArray();
         json_.endObject();
     }
 
-    void writeAnyRoot() {
-        json_.key("anyOf").beginArray();
-        for (const EboLoad* load : rootLoads()) {
-            json_.beginObject().key("required").beginArray().text(load->root).endArray().endObject();
-        }
-        json_.endArray();
-    }
-
-    void writeDefinitions() {
-        json_.key("definitions").beginObject();
-        for (const SectionPlace& place : sectionPlaces()) {
-            if (place.load == rootLoads().front()) writeSection(place);
-        }
-        json_.endObject();
+    void writeTexts(const std::string& head, const std::vector<Line>& lines) {
+        json_.key("description").text(head + ".");
+        json_.key("markdownDescription").text(markdown(head, lines));
     }
 
     void writeSection(const SectionPlace& place) {
         const EboSection& section = *place.section;
         json_.key(section.name).beginObject();
-        json_.key("description").text(std::string(meaningOf(section.name, nullptr)) + ".");
+        std::vector<Line> lines;
+        for (const SectionPlace* each : placesOf(section)) {
+            const std::string record = each->record.empty() ? "" : ", record " + each->record;
+            lines.push_back({each->root, bitText(*each) + record, false});
+        }
+        writeTexts(meaningOf(section.name, nullptr), lines);
         json_.key("type").text("object");
+        writeSnippet(place);
         json_.key("properties").beginObject();
         writeKey(place, section.rows[0]);
         for (const EboKeyRow* row : keysOf(section)) writeKey(place, *row);
@@ -111,10 +115,29 @@ private:
         if (place.readWhenDisabled()) {
             writeRequired(section, 0);
         } else {
-            writeRequiredWhenEnabled(section);
+            writeRequiredWhenEnabled(place);
         }
-        json_.key("additionalProperties").boolean(false);
+        writeNothingElse();
         json_.endObject();
+    }
+
+    // The whole section, for an editor to insert: a tab stop at each value, which is the default where there is one.
+    void writeSnippet(const SectionPlace& place) {
+        const EboSection& section = *place.section;
+        json_.key("defaultSnippets").beginArray().beginObject();
+        json_.key("label").text(std::string(section.name) + " with all keys");
+        json_.key("body").beginObject();
+        json_.key(section.rows[0].key).text("${1|enable,disable|}");
+        int stop = 1;
+        for (const EboKeyRow* row : keysOf(section)) {
+            std::string value = factsOf(place, *row).value;
+            if (takesChoicesOnly(place, *row)) value = choicesOf(place, *row).front().value;
+            if (value.empty() && isNumber(*row)) value = "0";
+            // The caret: as it is, without quotes.
+            const std::string before = isNumber(*row) ? "^${" : "${";
+            json_.key(row->key).text(before + std::to_string(++stop) + ":" + value + "}");
+        }
+        json_.endObject().endObject().endArray();
     }
 
     // The required keys from row `first` on.
@@ -126,78 +149,97 @@ private:
         json_.endArray();
     }
 
-    void writeRequiredWhenEnabled(const EboSection& section) {
+    void writeRequiredWhenEnabled(const SectionPlace& place) {
+        const EboSection& section = *place.section;
+        const char* status = section.rows[0].key;
         json_.key("required").beginArray();
-        if (missingMessage(section.rows[0]) != nullptr) json_.text("status");
+        if (missingMessage(section.rows[0]) != nullptr) json_.text(status);
         json_.endArray();
-        json_.key("if").beginObject().key("properties").beginObject().key("status").beginObject();
-        json_.key("pattern").text(std::string("^") + kEnable + "$").endObject().endObject();
-        json_.key("required").beginArray().text("status").endArray().endObject();
+        json_.key("if").beginObject().key("properties").beginObject().key(status).beginObject();
+        json_.key("type").text("string").key("pattern").text(enablePattern()).endObject().endObject();
+        json_.key("required").beginArray().text(status).endArray().endObject();
         json_.key("then").beginObject();
+        json_.key("properties").beginObject();
+        for (const EboKeyRow* row : keysOf(section)) {
+            if (missingMessage(*row) == nullptr && !takesChoicesOnly(place, *row)) continue;
+            json_.key(row->key).beginObject();
+            if (takesChoicesOnly(place, *row)) writeEnum(choicesOf(place, *row));
+            json_.endObject();
+        }
+        json_.endObject();
         writeRequired(section, 1);
         json_.endObject();
     }
 
     void writeKey(const SectionPlace& place, const EboKeyRow& row) {
         const KeyFacts facts = factsOf(place, row);
-        std::string description = facts.meaning + ".";
-        if (!facts.missing.empty()) description += " When it is missing: \"" + facts.missing + "\".";
+        const EboSection& section = *place.section;
+        std::vector<Line> lines = {{"Type", facts.type, false}};
+        if (!facts.value.empty()) lines.push_back({"Default", facts.value, row.kind != EboKeyKind::Status});
+        if (row.kind == EboKeyKind::Status) {
+            for (const SectionPlace* each : placesOf(section)) {
+                lines.push_back({"Stored as", factsOf(*each, row).stored + ", in " + each->root, false});
+            }
+        } else {
+            const std::string field = facts.field.empty() ? "" : " " + facts.field;
+            lines.push_back({"Stored as", facts.stored + field, true});
+        }
+        const size_t keys = keysOf(section).size() + 1;
+        lines.push_back({"Looked up", std::to_string(facts.order) + " of " + std::to_string(keys), false});
+        const bool optional = facts.missing.empty();
+        lines.push_back({"When missing", optional ? "the key is optional" : facts.missing, !optional});
         json_.key(row.key).beginObject();
-        json_.key("description").text(description);
+        writeTexts(facts.meaning, lines);
         writeType(row);
-        writeDefault(row, facts.value);
+        writeChoices(place, row);
+        writeDefault(place, row, facts.value);
         json_.endObject();
     }
 
-    void writeRange(const char* least, const char* most) {
-        json_.key("type").text("integer").key("minimum").number(least).key("maximum").number(most);
-    }
-    void writePattern(const std::string& pattern) {
-        json_.key("type").text("string").key("pattern").text(pattern);
-    }
-
     void writeType(const EboKeyRow& row) {
-        switch (row.kind) {
-            case EboKeyKind::Status:
-                return writeStatus();
-            case EboKeyKind::Int32:
-            case EboKeyKind::Flag:
-            case EboKeyKind::MaskBit:
-                return writeRange("-2147483648", "2147483647");
-            case EboKeyKind::Int16:
-                return writeRange("-32768", "32767");
-            case EboKeyKind::Float:
-                json_.key("type").text("number");
-                return;
-            case EboKeyKind::FloatRow:
-            case EboKeyKind::IntRow:
-            case EboKeyKind::BandList:
-                return writePattern(rowPattern(row));
-            case EboKeyKind::ChannelMap:
-                return writePattern(mapPattern(row));
-            case EboKeyKind::Word:
-                json_.key("type").text("string");
-                return;
+        const std::string pattern = textPattern(row);
+        if (row.kind == EboKeyKind::Float) {
+            json_.key("type").text("number");
+        } else if (row.kind == EboKeyKind::Int16) {
+            json_.key("type").text("integer").key("minimum").number("-32768").key("maximum").number("32767");
+        } else if (isNumber(row)) {
+            json_.key("type").text("integer");
+            json_.key("minimum").number("-2147483648").key("maximum").number("2147483647");
+        } else if (pattern.empty()) {
+            json_.key("type").text("string");
+        } else {
+            json_.key("type").text("string").key("pattern").text(pattern);
+            json_.key("patternErrorMessage").text(textForm(row));
         }
     }
 
-    // The list is what an editor offers; the pattern takes the same words in any case, as a device does.
-    void writeStatus() {
-        json_.key("type").text("string");
-        json_.key("anyOf").beginArray();
-        json_.beginObject().key("enum").beginArray().text("enable").text("disable").endArray().endObject();
-        const std::string words = std::string("^(") + kEnable + "|" + kDisable + ")$";
-        json_.beginObject().key("pattern").text(words).endObject();
+    void writeEnum(const std::vector<Choice>& choices) {
+        json_.key("enum").beginArray();
+        for (const Choice& choice : choices) json_.number(choice.value);
+        json_.endArray().key("enumDescriptions").beginArray();
+        for (const Choice& choice : choices) json_.text(choice.meaning);
         json_.endArray();
     }
 
-    void writeDefault(const EboKeyRow& row, const std::string& value) {
-        if (value.empty() || row.kind == EboKeyKind::Status) return;
-        const bool number = row.kind == EboKeyKind::Int32 || row.kind == EboKeyKind::Int16 ||
-                            row.kind == EboKeyKind::Flag || row.kind == EboKeyKind::MaskBit ||
-                            row.kind == EboKeyKind::Float;
+    // The list is what an editor offers; the other form is all that a device takes.
+    void writeChoices(const SectionPlace& place, const EboKeyRow& row) {
+        const std::vector<Choice> choices = choicesOf(place, row);
+        if (choices.empty()) return;
+        json_.key("anyOf").beginArray().beginObject();
+        writeEnum(choices);
+        json_.endObject().beginObject();
+        if (row.kind == EboKeyKind::Status) {
+            json_.key("pattern").text(statusPattern());
+            json_.key("patternErrorMessage").text("Write \"enable\" or \"disable\".");
+        }
+        json_.endObject().endArray();
+    }
+
+    // An editor offers it, so not when it would be complained of.
+    void writeDefault(const SectionPlace& place, const EboKeyRow& row, const std::string& value) {
+        if (value.empty() || row.kind == EboKeyKind::Status || takesChoicesOnly(place, row)) return;
         json_.key("default");
-        number ? json_.number(value) : json_.text(value);
+        isNumber(row) ? json_.number(value) : json_.text(value);
     }
 
     JsonWriter json_;
