@@ -1,5 +1,5 @@
-// eboconf complete: what a shell offers for the last word of a command line. The completions of the shells run it; it
-// reads the options of the other commands, so that a new one needs no second list.
+// eboconf complete: what a shell offers for the last word of a command line. The completions of the shells
+// run it; it reads the options of the other commands, so that a new one needs no second list.
 #include <cstdio>
 #include <memory>
 #include <set>

@@ -22,8 +22,9 @@ struct KeyHits {
     bool inFull;  // they were asked for by name, or there is but one
 };
 
-// The section of that name with its keys, or every key of that name; the same in other case when there is none; and
-// where nothing has that name, whatever holds it in its name or meaning, in any case. An empty name: everything.
+// The section of that name with its keys, or every key of that name; the same in other case when there is
+// none; and where nothing has that name, whatever holds it in its name or meaning, in any case. An empty
+// name: everything.
 KeyHits findKeys(const std::string& name);
 
 // For the terminal, `width` columns wide: all there is about each hit, or a line for each.
@@ -37,6 +38,6 @@ std::string keysNames(const KeyHits& hits);
 // docs/keys.md.
 std::string keysMarkdown();
 
-// A dictionary for fuzzers: every root, section, key and status, and a text of each form of row, one quoted entry per
-// line.
+// A dictionary for fuzzers: every root, section, key and status, and a text of each form of row, one quoted
+// entry per line.
 std::string keysDictionary();

@@ -102,8 +102,9 @@ private:
         json_.key(section.name).beginObject();
         std::vector<Line> lines;
         for (const SectionPlace* each : placesOf(section)) {
-            const std::string record = each->record.empty() ? "" : ", record " + each->record;
-            lines.push_back({each->root, bitText(*each) + record, false});
+            std::string text = bitText(*each);
+            if (!each->record.empty()) text.append(", record ").append(each->record);
+            lines.push_back({each->root, text, false});
         }
         writeTexts(meaningOf(section.name, nullptr), lines);
         json_.key("type").text("object");
@@ -121,7 +122,8 @@ private:
         json_.endObject();
     }
 
-    // The whole section, for an editor to insert: a tab stop at each value, which is the default where there is one.
+    // The whole section, for an editor to insert: a tab stop at each value, which is the default where there
+    // is one.
     void writeSnippet(const SectionPlace& place) {
         const EboSection& section = *place.section;
         json_.key("defaultSnippets").beginArray().beginObject();
@@ -134,8 +136,9 @@ private:
             if (takesChoicesOnly(place, *row)) value = choicesOf(place, *row).front().value;
             if (value.empty() && isNumber(*row)) value = "0";
             // The caret: as it is, without quotes.
-            const std::string before = isNumber(*row) ? "^${" : "${";
-            json_.key(row->key).text(before + std::to_string(++stop) + ":" + value + "}");
+            std::string body = isNumber(*row) ? "^${" : "${";
+            body.append(std::to_string(++stop)).append(":").append(value).append("}");
+            json_.key(row->key).text(body);
         }
         json_.endObject().endObject().endArray();
     }

@@ -6,7 +6,8 @@
 
 #include "model/places.h"
 
-// "enable" and "disable" in any case, as a device takes them, and "enable" alone: regular expressions for all of a text.
+// "enable" and "disable" in any case, as a device takes them, and "enable" alone: regular expressions for all
+// of a text.
 std::string statusPattern();
 std::string enablePattern();
 

@@ -37,6 +37,9 @@ expect 'eboconf check --part=be --form' --format
 expect 'eboconf check --part beam --format=s' sarif
 expect 'eboconf diff --format ' text json
 expect 'eboconf dump --part agc --' --help --verbose
+expect 'eboconf dump --part=agc --' --help --verbose
+expect 'eboconf dump --verbose --p' --part
+expect 'eboconf dump keys --v' --verbose
 expect 'eboconf schema -' --help
 expect 'eboconf keys agc.fRk' agc.fRk0 agc.fRk1 agc.fRk2
 expect 'eboconf keys fRk' fRk0 fRk1 fRk2
@@ -46,7 +49,12 @@ files 'eboconf diff a.json '
 files 'eboconf check -- --'
 nothing 'eboconf schema '
 nothing 'eboconf dump a.json '
+nothing 'eboconf dump a.json -- '
 nothing 'eboconf dump --part=x'
 nothing 'eboconf keys -- a'
+# Short names only to who has begun one.
+COMP_WORDS=(eboconf keys '') COMP_CWORD=2
+_eboconf
+[[ " ${COMPREPLY[*]} " == *' agc.fRk0 '* && " ${COMPREPLY[*]} " != *' fRk0 '* ]] || { echo "keys: ${COMPREPLY[*]}"; failed=1; }
 [[ $(complete -p eboconf) == 'complete -o default -F _eboconf eboconf' ]] || failed=1
 exit $failed
