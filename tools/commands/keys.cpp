@@ -66,6 +66,11 @@ void addKeysCommand(CLI::App& app, ExitStatus& status) {
             "Form of the reference: for people, for programs, as a page, for fuzzers, or the names alone")
         ->check(CLI::IsMember({"text", "json", "markdown", "dictionary", "names"}))
         ->capture_default_str();
-    command->footer("Exit status: 0 printed, 2 no such section or key, or wrong usage.");
+    command->footer(
+        "Examples:\n"
+        "  eboconf keys agc         a section with its keys\n"
+        "  eboconf keys fRk0        a key\n"
+        "  eboconf keys freq        all keys about frequencies\n\n"
+        "Exit status: 0 printed, 2 no such section or key, or wrong usage.");
     command->callback([options, &status] { status = run(*options); });
 }
