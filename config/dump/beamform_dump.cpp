@@ -1,9 +1,9 @@
-#include <charconv>
 #include <cstdio>
 #include <cstring>
 
 #include "ebo_dump.h"
 #include "ebo_log.h"
+#include "row_print.h"
 #include "shared_blocks.h"
 
 namespace {
@@ -13,17 +13,16 @@ struct Row {
     char text[128];
 };
 
-// Appends "%.4f  " at `at` and returns the new end. Not printf, whose decimal point is the process's
-// locale's.
+// Appends "%.4f  " at `at` and returns the new end.
 size_t appendFloat(Row& row, size_t at, float value) {
-    char number[64];  // the longest float has 39 digits before the point: there is room
-    char* const end = std::to_chars(number, number + 62, value, std::chars_format::fixed, 4).ptr;
-    end[0] = ' ';
-    end[1] = ' ';
-    size_t length = static_cast<size_t>(end - number) + 2;
+    char number[kEboLongestFixed + 2];
+    char* const end = number + kEboLongestFixed;
+    std::memset(end, ' ', 2);
+    const char* const begin = eboPrintFixed(end, value);
+    size_t length = static_cast<size_t>(end - begin) + 2;
     const size_t room = sizeof(row.text) - 1 - at;
     if (length > room) length = room;
-    std::memcpy(row.text + at, number, length);
+    std::memcpy(row.text + at, begin, length);
     row.text[at + length] = '\0';
     return at + length;
 }
