@@ -15,12 +15,13 @@ struct KaJsonSiblings {
 
 // The keys of a section: a view into its document.
 struct KaJsonSection {
-    const char* text = nullptr;
+    char* text = nullptr;
     KaJsonSiblings keys;
 };
 
 struct KaJsonDocument {
-    char* text = nullptr;               // the file, strings decoded in place
+    char* text =
+        nullptr;  // the file; strings are decoded in place, and end in NUL once somebody has asked for them
     KaJsonEntry* entries = nullptr;     // roots, sections and keys
     uint32_t count = 0;                 // of entries
     const KaJsonEntry* root = nullptr;  // the one that was asked for last, and its sections

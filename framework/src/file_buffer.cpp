@@ -26,17 +26,9 @@ ssize_t readFully(int fd, char* text, size_t size) {
     return static_cast<ssize_t>(done);
 }
 
-}  // namespace
-
-const char* readFile(const char* path, FileBuffer* file, int* system_error) {
-    *system_error = 0;
-    if (!path) return "no file name";
-    // O_NONBLOCK: opening a pipe that nobody writes must not hang.
-    do {
-        file->fd = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    } while (file->fd < 0 && errno == EINTR);
+const char* readOpen(int fd, FileBuffer* file, int* system_error) {
     struct stat status;
-    if (file->fd < 0 || fstat(file->fd, &status) != 0) {
+    if (fd < 0 || fstat(fd, &status) != 0) {
         *system_error = errno;
         return "cannot be opened";
     }
@@ -47,7 +39,7 @@ const char* readFile(const char* path, FileBuffer* file, int* system_error) {
     const size_t size = static_cast<size_t>(status.st_size);
     file->text = static_cast<char*>(malloc(size + kFilePadding));
     if (!file->text) return "out of memory";
-    const ssize_t n = readFully(file->fd, file->text, size);
+    const ssize_t n = readFully(fd, file->text, size);
     if (n < 0) {
         *system_error = errno;
         return "cannot be read";
@@ -57,11 +49,17 @@ const char* readFile(const char* path, FileBuffer* file, int* system_error) {
     return file->size == 0 ? "the file is empty" : nullptr;
 }
 
-bool rereadFile(FileBuffer* file) {
-    return pread(file->fd, file->text, file->size, 0) == static_cast<ssize_t>(file->size);
-}
+}  // namespace
 
-void closeFile(FileBuffer* file) {
-    if (file->fd >= 0) close(file->fd);
-    file->fd = -1;
+const char* readFile(const char* path, FileBuffer* file, int* system_error) {
+    *system_error = 0;
+    if (!path) return "no file name";
+    int fd;
+    // O_NONBLOCK: opening a pipe that nobody writes must not hang.
+    do {
+        fd = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    } while (fd < 0 && errno == EINTR);
+    const char* const error = readOpen(fd, file, system_error);
+    if (fd >= 0) close(fd);
+    return error;
 }

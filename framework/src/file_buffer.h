@@ -6,20 +6,14 @@
 
 constexpr size_t kMaxFileSize = size_t{64} << 20;
 
-// Zero bytes behind the text: the JSON reader looks ahead by up to a vector register.
+// Zero bytes after the text: the scanner reads up to a vector register at once.
 constexpr size_t kFilePadding = 16;
 
 struct FileBuffer {
-    int fd = -1;
-    char* text = nullptr;  // malloc'd; `size` bytes and kFilePadding zeros
+    char* text = nullptr;  // malloc'd, the caller's to free; `size` bytes and kFilePadding zeros
     uint32_t size = 0;
 };
 
-// Opens and reads a regular file of at most kMaxFileSize bytes. Null on success, otherwise what went wrong,
-// with the errno of a failed call or 0 in *system_error. Always the caller owns `text` and calls closeFile.
+// Reads a regular file of at most kMaxFileSize bytes. Null on success, otherwise what went wrong, with the errno of a
+// failed call or 0 in *system_error.
 const char* readFile(const char* path, FileBuffer* file, int* system_error);
-
-// Restores the text after it was changed in memory. False when the file no longer delivers it.
-bool rereadFile(FileBuffer* file);
-
-void closeFile(FileBuffer* file);

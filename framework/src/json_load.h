@@ -4,6 +4,8 @@
 #include "file_buffer.h"
 #include "json_entry.h"
 
+constexpr char kOutOfMemory[] = "out of memory";
+
 struct JsonLoad {
     KaJsonEntry* entries = nullptr;  // malloc'd, the caller's to free also after a failure
     uint32_t count = 0;
@@ -13,5 +15,6 @@ struct JsonLoad {
     uint32_t offset = 0;           // that place
 };
 
-// Decodes the text in place: strings end in NUL, all keeps its offset. False when the text is not JSON.
+// Decodes strings in place; what the table holds keeps its offset. False when the text is not JSON, and then it is
+// as it was.
 bool loadJson(FileBuffer* file, JsonLoad* load);

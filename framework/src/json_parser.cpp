@@ -36,7 +36,7 @@ const KaJsonEntry* findSection(KaJsonDocument* document, const char* root, const
 
     // Loaders ask for many sections of one root.
     const char* const text = document->text;
-    if (!document->root || !document->root->isCalled(root, text)) {
+    if (!document->root || !isCalled(*document->root, root, text)) {
         const KaJsonEntry* const end = document->entries + document->count;
         KaJsonSiblings roots = {document->entries, end, end, true};
         document->root = findAnywhere(&roots, root, text);
@@ -70,7 +70,6 @@ int KAJsonParser::parseFile(const char* path) {
             document_.error_column = position.column;
         }
     }
-    closeFile(&file);
     if (!error) {
         document_.text = file.text;
         document_.entries = load.entries;

@@ -16,11 +16,15 @@ bool KAJsonTable::next(KaJsonItem* item) {
         item->level = 3;
     }
     const bool has_text = entry.kind() == KaJsonKind::kString || entry.kind() == KaJsonKind::kNumber;
-    item->name = parser_.document_.text + entry.name;
-    item->name_length = entry.name_length;
+    char* const name = parser_.document_.text + entry.name;
+    char* const value = parser_.document_.text + entry.value;
+    name[entry.nameLength()] = '\0';
+    if (entry.kind() == KaJsonKind::kString) value[entry.extent()] = '\0';
+    item->name = name;
+    item->name_length = entry.nameLength();
     item->name_offset = entry.name;
     item->kind = entry.kind();
-    item->value = has_text ? parser_.document_.text + entry.value : nullptr;
+    item->value = has_text ? value : nullptr;
     item->value_length = has_text ? entry.extent() : 0;
     item->value_offset = entry.value;
     item->index = index_++;

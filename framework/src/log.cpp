@@ -1,18 +1,14 @@
-#include <langinfo.h>
-#include <locale.h>
 #include <pthread.h>
 #include <unistd.h>
 
 #include <atomic>
 #include <cerrno>
+#include <charconv>
 #include <climits>
-#include <cstdarg>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include "ka/log_sink.h"
-#include "log_line.h"
+#include "log_text.h"
 
 namespace {
 
@@ -21,70 +17,74 @@ pthread_rwlock_t g_sink_lock = PTHREAD_RWLOCK_INITIALIZER;
 KaLogSink g_sink = nullptr;
 void* g_sink_user = nullptr;
 
-// The locale's point is all that the formats of this library's messages depend on.
-bool printsNumbersAsInC() {
-    return strcmp(nl_langinfo(RADIXCHAR), ".") == 0;
+// Length of the colour sequence (ESC [ numbers m) at `text`, 0 if there is none.
+size_t colourLength(const char* text) {
+    if (text[0] != '\x1b' || text[1] != '[') return 0;
+    const size_t length = 2 + strspn(text + 2, "0123456789;");
+    return text[length] == 'm' ? length + 1 : 0;
 }
 
-// While it lives this thread prints numbers as in C, whatever the process has set.
-class NumbersInC {
-public:
-    NumbersInC() : c_(printsNumbersAsInC() ? locale_t{} : newlocale(LC_ALL_MASK, "C", nullptr)) {
-        if (c_) former_ = uselocale(c_);
-    }
-    ~NumbersInC() {
-        if (!c_) return;
-        uselocale(former_);
-        freelocale(c_);
-    }
-    NumbersInC(const NumbersInC&) = delete;
-    NumbersInC& operator=(const NumbersInC&) = delete;
-
-private:
-    const locale_t c_;  // null where the locale need not change
-    locale_t former_{};
-};
-
-// A formatted message: short ones on the stack, long ones on the heap, cut off when there is no memory.
-class Text {
-public:
-    __attribute__((format(printf, 2, 0))) Text(const char* format, va_list arguments) {
-        const NumbersInC numbers;
-        va_list again;
-        va_copy(again, arguments);
-        const int length = vsnprintf(stack_, sizeof stack_, format, arguments);
-        if (length < 0) {
-            stack_[0] = '\0';
-        } else if (static_cast<size_t>(length) >= sizeof stack_) {
-            const size_t size = static_cast<size_t>(length) + 1;
-            heap_ = static_cast<char*>(malloc(size));
-            if (heap_) vsnprintf(heap_, size, format, again);
+// Makes one line of the text: newlines at its end go, also those before a last colour sequence, others become blanks;
+// colours go unless wanted. Returns its length with the newline, which takes the place of the final NUL.
+size_t makeLine(char* text, bool colours) {
+    char* to = text;
+    size_t newlines = 0;  // seen and not yet written
+    for (const char* from = text; *from != '\0';) {
+        const size_t colour = colourLength(from);
+        if (colour > 0) {
+            if (colours) {
+                memmove(to, from, colour);
+                to += colour;
+            }
+            from += colour;
+        } else if (*from == '\n' || *from == '\r') {
+            ++newlines;
+            ++from;
+        } else {
+            for (; newlines > 0; --newlines) *to++ = ' ';
+            *to++ = *from++;
         }
-        va_end(again);
     }
-    ~Text() { free(heap_); }
-    Text(const Text&) = delete;
-    Text& operator=(const Text&) = delete;
+    *to++ = '\n';
+    return static_cast<size_t>(to - text);
+}
 
-    const char* get() const { return heap_ ? heap_ : stack_; }
-
-private:
-    char stack_[512];
-    char* heap_ = nullptr;
-};
+// Writes "LEVEL TAG function:line: text" and one newline with a single call of the system, so that lines of several
+// threads do not mix. Colours reach a terminal only.
+void writeLine(const KaLogMessage& message) {
+    char digits[12];
+    *std::to_chars(digits, digits + sizeof digits - 1, message.level).ptr = '\0';
+    const char* const level = message.level == 2   ? "E"
+                              : message.level == 4 ? "N"
+                              : message.level == 5 ? "I"
+                                                   : digits;
+    LogText text;
+    text.format("%s %s %s:%d: %s", level, message.tag ? message.tag : "-",
+                message.function ? message.function : "-", message.line, message.text);
+    const char* line = text.get();
+    size_t length = makeLine(text.get(), strchr(message.text, '\x1b') && isatty(STDERR_FILENO));
+    while (length > 0) {
+        const ssize_t n = write(STDERR_FILENO, line, length);
+        if (n < 0 && errno == EINTR) continue;
+        if (n <= 0) return;
+        line += n;
+        length -= static_cast<size_t>(n);
+    }
+}
 
 __attribute__((format(printf, 5, 0))) void deliver(bool error, unsigned int channel, int level,
                                                    const char* tag, const char* format, const char* function,
                                                    int line, va_list arguments) {
     if (level > g_level.load(std::memory_order_relaxed)) return;
     const int former_errno = errno;
-    const Text text(format, arguments);
+    LogText text;
+    text.formatList(format, arguments);
     const KaLogMessage message = {channel, level, tag, function, line, format, text.get(), error};
     pthread_rwlock_rdlock(&g_sink_lock);
     if (g_sink) {
         g_sink(message, g_sink_user);
     } else {
-        writeLogLine(message);
+        writeLine(message);
     }
     pthread_rwlock_unlock(&g_sink_lock);
     errno = former_errno;

@@ -4,39 +4,29 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "short_digits.h"
 #include "siblings.h"
 
 namespace {
 
-// What most integers are: up to eight digits. False for any other number.
-bool shortInteger(const char* at, const char* end, int* out) {
-    const bool negative = *at == '-';
-    if (negative) ++at;
-    uint32_t value;
-    if (end - at > kShortNumber || !allDigits(at, end, &value)) return false;
-    *out = static_cast<int>(negative ? 0 - value : value);
-    return true;
-}
-
-[[gnu::noinline]] bool anyInteger(const char* begin, const char* end, int* out) {
-    int value;
-    const std::from_chars_result result = std::from_chars(begin, end, value);
-    if (result.ec != std::errc{} || result.ptr != end) return false;
-    *out = value;
-    return true;
-}
-
-// What most numbers are: up to eight digits, or up to seven and a point, no exponent. With a point the digits and the
-// power of ten are exact floats, so their quotient is the nearest float. False for any other number.
-bool shortDecimal(const char* at, const char* end, float* out) {
+// What most numbers are: up to eight digits, or up to seven and a point, no exponent. The digits and the power of ten are
+// exact floats then, so that their quotient is the nearest float. False for any other number.
+bool shortNumber(const char* at, const char* end, float* out) {
     static constexpr float kPowers[] = {1.0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
     const bool negative = *at == '-';
     if (negative) ++at;
-    uint32_t value;
-    uint32_t decimals;
-    if (end - at > kShortNumber || !decimalDigits(at, end, &value, &decimals)) return false;
-    const float magnitude = static_cast<float>(value) / kPowers[decimals];
+    if (end - at > 8) return false;
+    const char* fraction = end;
+    int digits = 0;
+    for (; at != end; ++at) {
+        const int digit = *at - '0';
+        if (digit > 9) return false;
+        if (digit >= 0) {
+            digits = digits * 10 + digit;
+        } else {
+            fraction = at + 1;
+        }
+    }
+    const float magnitude = static_cast<float>(digits) / kPowers[end - fraction];
     *out = negative ? -magnitude : magnitude;
     return true;
 }
@@ -67,7 +57,11 @@ bool KaMetaData::findInt32(const char* key, int* out) const {
     if (!entry) return false;
     const char* const begin = section_.text + entry->value;
     const char* const end = begin + entry->extent();
-    return shortInteger(begin, end, out) || anyInteger(begin, end, out);
+    int value;
+    const std::from_chars_result result = std::from_chars(begin, end, value);
+    if (result.ec != std::errc{} || result.ptr != end) return false;
+    *out = value;
+    return true;
 }
 
 bool KaMetaData::findFloat(const char* key, float* out) const {
@@ -75,13 +69,15 @@ bool KaMetaData::findFloat(const char* key, float* out) const {
     if (!entry) return false;
     const char* const begin = section_.text + entry->value;
     const char* const end = begin + entry->extent();
-    if (!shortDecimal(begin, end, out)) *out = anyNumber(begin, end);
+    if (!shortNumber(begin, end, out)) *out = anyNumber(begin, end);
     return true;
 }
 
 bool KaMetaData::findCString(const char* key, const char** out) const {
     const KaJsonEntry* entry = find(&section_, key, KaJsonKind::kString);
     if (!entry) return false;
-    *out = section_.text + entry->value;
+    char* const text = section_.text + entry->value;
+    text[entry->extent()] = '\0';
+    *out = text;
     return true;
 }

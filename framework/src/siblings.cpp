@@ -6,11 +6,14 @@ constexpr uint32_t kMarks = 512;
 
 // Equal for equal names, and different for the keys that stand together in a section of a tuning file.
 uint32_t markOf(const KaJsonEntry& entry, const char* text) {
-    if (entry.name_length < 2) return 0;
-    uint32_t end;  // the last three letters, or two and the opening quote, and the final NUL
-    memcpy(&end, text + entry.name + entry.name_length - 3, sizeof end);
-    const auto first = static_cast<unsigned char>(text[entry.name]);
-    return (end ^ entry.name_length << 26 ^ first) * 0xC2B2AE35u >> 23;
+    const uint32_t length = entry.nameLength();
+    if (length < 2) return 0;
+    const auto* const name = reinterpret_cast<const unsigned char*>(text) + entry.name;
+    const auto* const end = name + length;
+    uint16_t last;
+    memcpy(&last, end - 2, sizeof last);
+    const uint32_t before = end[-3];  // of two letters the opening quote
+    return (uint32_t{last} << 8 ^ before ^ length << 26 ^ *name) * 0xC2B2AE35u >> 23;
 }
 
 // Whether two of the names may be equal. Different names may share a mark; then the search is only slower.
@@ -45,8 +48,9 @@ KaJsonSiblings keysOf(const KaJsonEntry& section, const char* text) {
 
 const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text) {
     const KaJsonEntry* found = nullptr;
+    const size_t length = strlen(name);
     for (const KaJsonEntry* entry = siblings->begin; entry != siblings->end; entry = entry->sibling()) {
-        if (entry->isCalled(name, text)) found = entry;
+        if (entry->name_length == length && memcmp(text + entry->name, name, length) == 0) found = entry;
     }
     if (found && !siblings->repeat) siblings->next = found->sibling();
     return found;

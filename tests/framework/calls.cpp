@@ -51,7 +51,6 @@ void __real_free(void*);
 int __real_open(const char*, int, ...);
 int __real_fstat(int, struct stat*);
 ssize_t __real_read(int, void*, size_t);
-ssize_t __real_pread(int, void*, size_t, off_t);
 int __real_close(int);
 ssize_t __real_write(int, const void*, size_t);
 
@@ -104,15 +103,6 @@ ssize_t __wrap_read(int fd, void* to, size_t size) {
     }
     if (calls.reads_to_end >= 0 && calls.read > calls.reads_to_end) return 0;
     return __real_read(fd, to, calls.read_limit > 0 ? std::min(size, calls.read_limit) : size);
-}
-
-ssize_t __wrap_pread(int fd, void* to, size_t size, off_t offset) {
-    ++calls.pread;
-    if (calls.pread_errno != 0) {
-        errno = calls.pread_errno;
-        return -1;
-    }
-    return __real_pread(fd, to, size, offset);
 }
 
 int __wrap_close(int fd) {

@@ -10,7 +10,6 @@ struct Calls {
     int open_flags = 0;  // of the last open
     int fstat = 0;
     int read = 0;
-    int pread = 0;
     int close = 0;
     int write = 0;
     int allocations = 0;
@@ -27,7 +26,6 @@ struct Calls {
     int fstat_errno = 0;          // what fstat fails with
     size_t read_limit = 0;        // bytes that one read delivers at most
     int reads_to_end = -1;        // after that many reads the file is at its end
-    int pread_errno = 0;
 };
 
 extern thread_local Calls calls;

@@ -107,7 +107,6 @@ TEST(File, TakesFourCallsOfTheSystem) {
     EXPECT_EQ(1, calls.fstat);
     EXPECT_EQ(1, calls.read);
     EXPECT_EQ(1, calls.close);
-    EXPECT_EQ(0, calls.pread);
 }
 
 TEST(File, IsNotInheritedAndNeverBlocks) {
@@ -178,13 +177,6 @@ TEST(File, ThatWasCutMeanwhileIsReadAsFarAsItGoes) {
     calls = orders;
     EXPECT_NE(0, parser.parseFile(whole.path()));
     calls = {};
-}
-
-TEST(File, ThatCannotBeReadAgainForTheReportIsReportedAsChanged) {
-    Calls orders;
-    orders.pread_errno = EIO;
-    EXPECT_EQ(": changed while it was read\n", complaintAfter("[1", orders));
-    EXPECT_EQ(": changed while it was read\n", complaintAfter(repeat("[", 20) + repeat("]", 20), orders));
 }
 
 }  // namespace

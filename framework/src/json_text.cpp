@@ -1,0 +1,120 @@
+#include "json_text.h"
+
+#include <cstring>
+
+#include "plain_text.h"
+
+namespace {
+
+constexpr char kEscapes[] = "\"\\/bfnrt";
+constexpr char kEscaped[] = "\"\\/\b\f\n\r\t";
+
+bool isFirstHalf(uint32_t unit) {
+    return unit >> 10 == 0xD800 >> 10;
+}
+bool isSecondHalf(uint32_t unit) {
+    return unit >> 10 == 0xDC00 >> 10;
+}
+
+// The first ASCII byte from `at` on; null when the bytes before it are not UTF-8 (RFC 3629).
+const char* skipUtf8(const char* at) {
+    for (;;) {
+        const auto lead = static_cast<unsigned char>(*at);
+        if (lead < 0x80) return at;
+        const int tail = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
+        uint32_t code = lead & (0x3FU >> tail);
+        for (int i = 1; i <= tail; ++i) {
+            if ((at[i] & 0xC0) != 0x80) return nullptr;
+            code = code << 6 | (at[i] & 0x3FU);
+        }
+        // No character is written longer than need be, none is half a pair or beyond U+10FFFF.
+        static constexpr uint32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
+        if (lead < 0xC0 || lead > 0xF7 || code < kLeast[tail] || code > 0x10FFFF) return nullptr;
+        if (isFirstHalf(code) || isSecondHalf(code)) return nullptr;
+        at += tail + 1;
+    }
+}
+
+// The code unit of four hexadecimal digits, or something beyond 16 bits.
+uint32_t codeUnit(const char* at) {
+    uint32_t unit = 0;
+    for (int i = 0; i < 4; ++i) {
+        const auto digit = static_cast<unsigned char>(at[i] - '0');
+        const auto letter = static_cast<unsigned char>((at[i] | 0x20) - 'a');
+        if (digit > 9 && letter > 5) return UINT32_MAX;
+        unit = unit << 4 | (digit > 9 ? letter + 10U : digit);
+    }
+    return unit;
+}
+
+char* putUtf8(char* to, uint32_t code) {
+    const int tail = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
+    static constexpr uint32_t kLeads[] = {0, 0xC0, 0xE0, 0xF0};
+    *to++ = static_cast<char>(kLeads[tail] | code >> 6 * tail);
+    for (int i = tail - 1; i >= 0; --i) *to++ = static_cast<char>(0x80 | (code >> 6 * i & 0x3F));
+    return to;
+}
+
+}  // namespace
+
+const char* skipString(const char* at, bool* escapes) {
+    for (;;) {
+        at = plain_text::skipPlain(at);
+        if (*at == '"') return at;
+        if (*at == '\\') {
+            *escapes = true;
+            at = skipEscape(at);
+        } else {
+            at = static_cast<unsigned char>(*at) < 0x80 ? nullptr : skipUtf8(at);
+        }
+        if (!at) return nullptr;
+    }
+}
+
+const char* skipEscape(const char* at) {
+    if (at[1] != 'u') return memchr(kEscapes, at[1], sizeof kEscapes - 1) ? at + 2 : nullptr;
+    const uint32_t unit = codeUnit(at + 2);
+    if (unit > 0xFFFF || isSecondHalf(unit)) return nullptr;
+    if (!isFirstHalf(unit)) return at + 6;
+    return at[6] == '\\' && at[7] == 'u' && isSecondHalf(codeUnit(at + 8)) ? at + 12 : nullptr;
+}
+
+const char* skipNumber(const char* at) {
+    const auto skipDigits = [&at] {
+        const char* const begin = at;
+        while (plain_text::isDigit(*at)) ++at;
+        return at - begin;
+    };
+    if (*at == '-') ++at;
+    const bool zero = *at == '0';
+    const ptrdiff_t whole = skipDigits();
+    if (whole == 0 || (zero && whole != 1)) return nullptr;
+    if (*at == '.' && (++at, skipDigits() == 0)) return nullptr;
+    if ((*at | 0x20) != 'e') return at;
+    ++at;
+    if (*at == '+' || *at == '-') ++at;
+    return skipDigits() == 0 ? nullptr : at;
+}
+
+uint32_t decode(char* text, uint32_t length) {
+    const char* from = text;
+    const char* const end = text + length;
+    char* to = text;
+    while (from != end) {
+        if (*from != '\\') {
+            *to++ = *from++;
+        } else if (from[1] != 'u') {
+            *to++ = kEscaped[strchr(kEscapes, from[1]) - kEscapes];
+            from += 2;
+        } else {
+            uint32_t code = codeUnit(from + 2);
+            from += 6;
+            if (isFirstHalf(code)) {
+                code = 0x10000 + (code - 0xD800) * 0x400 + (codeUnit(from + 2) - 0xDC00);
+                from += 6;
+            }
+            to = putUtf8(to, code);
+        }
+    }
+    return static_cast<uint32_t>(to - text);
+}
