@@ -1,9 +1,8 @@
-#include <locale.h>
-
 #include <charconv>
 #include <cstdlib>
 #include <cstring>
 
+#include "nearest_number.h"
 #include "siblings.h"
 
 namespace {
@@ -29,18 +28,6 @@ bool shortNumber(const char* at, const char* end, float* out) {
     const float magnitude = static_cast<float>(digits) / kPowers[end - fraction];
     *out = negative ? -magnitude : magnitude;
     return true;
-}
-
-// The nearest float to any JSON number.
-[[gnu::noinline]] float anyNumber(const char* begin, const char* end) {
-    float value;
-    if (std::from_chars(begin, end, value).ec != std::errc{}) {
-        // Infinity or zero: from_chars does not say which. The byte behind the number ends it.
-        const locale_t c_locale = newlocale(LC_ALL_MASK, "C", nullptr);
-        value = strtof_l(begin, nullptr, c_locale);
-        freelocale(c_locale);
-    }
-    return value;
 }
 
 [[gnu::always_inline]] inline const KaJsonEntry* find(KaJsonSection* section, const char* key,
@@ -69,7 +56,7 @@ bool KaMetaData::findFloat(const char* key, float* out) const {
     if (!entry) return false;
     const char* const begin = section_.text + entry->value;
     const char* const end = begin + entry->extent();
-    if (!shortNumber(begin, end, out)) *out = anyNumber(begin, end);
+    if (!shortNumber(begin, end, out)) *out = nearestNumber(begin, end);
     return true;
 }
 
