@@ -3,33 +3,24 @@
 #include <algorithm>
 #include <atomic>
 #include <cstring>
+#include <exception>
+#include <memory>
 #include <mutex>
+#include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 
+#include "check/causes.h"
 #include "check/names.h"
+#include "check/reading.h"
 #include "check/section.h"
-#include "check/syntax.h"
 #include "check/types.h"
 #include "model/load_log.h"
 #include "model/places.h"
 #include "text/words.h"
 
 namespace {
-
-void checkSyntax(CheckReport& report, const CheckSource& source) {
-    const KaJsonError& error = source.error();
-    std::string reason = error.reason;
-    const std::string device = report.words() + " fails: nothing of the file is read";
-    if (error.line == 0) {
-        if (error.system_error != 0) reason += std::string(": ") + std::strerror(error.system_error);
-        report.add({&kUnreadable, {}, reason, device, {}});
-        return;
-    }
-    const size_t offset = source.lines().offsetOf(error.line, error.column);
-    report.add({&kInvalidJson, source.lines().place(offset, 1), "invalid JSON: " + reason, device,
-                syntaxHelp(source.text(), offset)});
-}
 
 // The root object is missing or none: all of its sections are missing.
 void checkMissingRoot(CheckReport& report, CheckPass& pass, const CheckAbsence& absence) {
@@ -41,11 +32,14 @@ void checkMissingRoot(CheckReport& report, CheckPass& pass, const CheckAbsence& 
         messages += (messages.empty() ? "" : ", ") + message;
         if (step.required) break;
     }
-    const bool fatal = pass.chosen && required;
-    report.add({fatal ? absence.error : absence.warning, absence.place, absence.text,
+    report.add({pass.isError(pass.steps.front()) ? absence.error : absence.warning, absence.place,
+                absence.text,
                 pass.load.words + (required ? " fails: " : " goes on without any record: ") + messages,
-                absence.help});
-    if (fatal) pass.load.ends(CheckOutcome::Fails);
+                absence.help, absence.edits});
+    if (required) pass.load.ends(CheckOutcome::Fails);
+    for (const CheckStep& step : pass.steps) {
+        if (!required) pass.load.lacks.emplace_back(step.section->name);
+    }
 }
 
 void checkStep(CheckReport& report, CheckSource& source, CheckPass& pass, const CheckStep& step,
@@ -60,12 +54,15 @@ void checkStep(CheckReport& report, CheckSource& source, CheckPass& pass, const 
                              "section " + quoted(name) + " is " + typeOf(*item) + "; expected an object",
                              "write " + quoted(name) + ": { \"status\": ... }"});
     } else if (const KaJsonItem* slip = names.takeSlip(name)) {
-        const std::string written = quoted(CheckSource::name(*slip));
+        const std::string_view written = CheckSource::name(*slip);
         checkMissingSection(report, pass, step,
-                            {&kMissingSection, &kSectionLeftOut, source.nameOf(*slip),
+                            {&kMissingSection,
+                             &kSectionLeftOut,
+                             source.nameOf(*slip),
                              "section " + quoted(name) + " is missing from " + quoted(pass.root()) +
-                                 ", which has " + written + " instead",
-                             "did you mean " + quoted(name) + "? Rename " + written});
+                                 ", which has " + quoted(written) + " instead",
+                             howToRename(written, name),
+                             {source.rename(*slip, name)}});
     } else {
         checkMissingSection(
             report, pass, step,
@@ -83,13 +80,21 @@ void checkPass(CheckReport& report, CheckSource& source, CheckPass& pass, CheckN
     if (root == nullptr) {
         if (!pass.chosen) return;  // another loader's, and not in this file
         const KaJsonItem* slip = roots.takeSlip(pass.root());
-        const std::string written = slip != nullptr ? quoted(CheckSource::name(*slip)) : std::string();
-        checkMissingRoot(
-            report, pass,
-            {&kMissingRoot, &kRootLeftOut, slip != nullptr ? source.nameOf(*slip) : source.start(),
-             "root object " + name + " is missing" + (slip != nullptr ? "; there is " + written : ""),
-             slip != nullptr ? "did you mean " + name + "? Rename " + written
-                             : "add " + name + ": { ... } at the top level"});
+        if (slip == nullptr) {
+            checkMissingRoot(
+                report, pass,
+                {&kMissingRoot, &kRootLeftOut, source.place(0, 1), "root object " + name + " is missing",
+                 "add " + name + ": { ... } at the top level"});
+            return;
+        }
+        const std::string_view written = CheckSource::name(*slip);
+        checkMissingRoot(report, pass,
+                         {&kMissingRoot,
+                          &kRootLeftOut,
+                          source.nameOf(*slip),
+                          "root object " + name + " is missing; there is " + quoted(written),
+                          howToRename(written, pass.root()),
+                          {source.rename(*slip, pass.root())}});
         return;
     }
     if (root->kind != KaJsonKind::kObject) {
@@ -104,28 +109,124 @@ void checkPass(CheckReport& report, CheckSource& source, CheckPass& pass, CheckN
     names.report(report, kUnknownSection, " in " + name);
 }
 
-}  // namespace
-
-CheckReport checkFile(const std::string& path, Part part) {
+// What the loads make of the text of the source.
+CheckReport judge(CheckSource& source, Part part) {
     CheckReport report;
-    report.file = path;
-    CheckSource source(path);
-    std::vector<CheckPass> plan = checkPlan(part, source.document());
-    const bool isDocument = source.error().reason == nullptr;
-    if (isDocument) {
-        CheckNames roots(source, source.roots(), rootNames(), "root object");
-        for (CheckPass& pass : plan) checkPass(report, source, pass, roots);
-        roots.report(report, kUnknownRoot, "");
-    }
+    std::vector<std::string> names;
+    for (const KaJsonItem* root : source.roots()) names.emplace_back(CheckSource::name(*root));
+    std::vector<CheckPass> plan = checkPlan(part, names);
+    CheckNames roots(source, source.roots(), rootNames(), "root object");
+    for (CheckPass& pass : plan) checkPass(report, source, pass, roots);
+    roots.report(report, kUnknownRoot, "");
     for (CheckPass& pass : plan) {
-        if (!pass.chosen) continue;
-        if (!isDocument) pass.load.ends(CheckOutcome::Fails);
-        report.loads.push_back(std::move(pass.load));
+        if (pass.chosen) report.loads.push_back(std::move(pass.load));
     }
-    if (!isDocument) checkSyntax(report, source);
+    return report;
+}
+
+size_t problems(const CheckReport& report) {
+    return report.count(CheckLevel::Error) + report.count(CheckLevel::Warning);
+}
+
+std::string effectOf(const CheckReport& report) {
+    for (const CheckLoad& load : report.loads) {
+        if (load.outcome != CheckOutcome::Loads && !load.log.empty())
+            return load.words + ' ' + nameOf(load.outcome) + ": " + load.log.back();
+    }
+    return "goes on, and reads nothing of what is in the wrong place";
+}
+
+// The same without what one cause explains: the text is judged with each cause mended that leaves less to report.
+CheckReport judgeByCauses(std::unique_ptr<CheckSource> source, Part part) {
+    constexpr int kMostTries = 10;
+    CheckReport report = judge(*source, part);
+    const bool hasErrors = report.count(CheckLevel::Error) > 0;
+    std::vector<CheckFinding> found;
+    std::vector<CheckFinding> left = report.findings;
+    size_t rest = problems(report);
+    std::vector<CheckCause> causes = findCauses(*source);
+    for (int tries = 0; !causes.empty() && tries < kMostTries; ++tries) {
+        const CheckCause cause = causes.front();
+        causes.erase(causes.begin());
+        EditedText text = source->edited();
+        std::optional<std::vector<TextEdit>> edits = text.apply(cause.edits);
+        if (!edits || !cause.place.isInFile) continue;
+        auto mended = std::make_unique<CheckSource>(std::move(text));
+        if (mended->error().reason != nullptr) continue;
+        CheckReport without = judge(*mended, part);
+        if (problems(without) >= rest || (!hasErrors && without.count(CheckLevel::Error) > 0)) continue;
+        found.push_back({hasErrors ? &kWrongPlace : &kWrongPlaceLeftOut, cause.place, cause.text,
+                         effectOf(report), cause.help, *std::move(edits)});
+        rest = problems(without);
+        without.loads = std::move(report.loads);
+        report = std::move(without);
+        source = std::move(mended);
+        causes = findCauses(*source);
+    }
+    for (CheckFinding& finding : found) report.add(std::move(finding));
+    return report;
+}
+
+void sortByPlace(CheckReport& report) {
     std::stable_sort(
         report.findings.begin(), report.findings.end(),
         [](const CheckFinding& a, const CheckFinding& b) { return a.place.offset < b.place.offset; });
+}
+
+bool isGuessed(const TextPlace& place, const std::vector<CheckFinding>& faults) {
+    return std::any_of(faults.begin(), faults.end(), [&place](const CheckFinding& fault) {
+        return fault.isGuess &&
+               std::any_of(fault.edits.begin(), fault.edits.end(), [&place](const TextEdit& edit) {
+                   return edit.offset <= place.offset + place.length && place.offset <= edit.end();
+               });
+    });
+}
+
+// A file that cannot be read, or is not JSON: all loads fail. What else is wrong is told as well once it is mended.
+CheckReport checkBroken(std::unique_ptr<CheckSource> source, Part part) {
+    CheckReport report;
+    const KaJsonError error = source->error();
+    std::vector<CheckFinding> faults;
+    if (error.line == 0) {
+        const char* system = error.system_error != 0 ? std::strerror(error.system_error) : nullptr;
+        faults.push_back(
+            {&kUnreadable, {}, error.reason + (system != nullptr ? ": " + std::string(system) : ""), {}, {}});
+        report.loads = judge(*source, part).loads;
+    } else {
+        CheckReading reading = readOn(std::move(source));
+        faults = std::move(reading.faults);
+        const bool isDocument = reading.isDocument();
+        report = isDocument ? judgeByCauses(std::move(reading.source), part) : CheckReport();
+        if (!isDocument) report.loads = judge(*reading.source, part).loads;
+    }
+    // A guess is no value to judge.
+    auto& findings = report.findings;
+    findings.erase(
+        std::remove_if(findings.begin(), findings.end(),
+                       [&](const CheckFinding& finding) { return isGuessed(finding.place, faults); }),
+        findings.end());
+    for (CheckLoad& load : report.loads) load = {load.load, load.words, CheckOutcome::Fails};
+    for (CheckFinding& fault : faults) {
+        fault.device = report.words() + " fails: nothing of the file is read";
+        report.add(std::move(fault));
+    }
+    return report;
+}
+
+}  // namespace
+
+CheckReport checkFile(const std::string& path, Part part) {
+    auto source = std::make_unique<CheckSource>(path);
+    const bool isDocument = source->error().reason == nullptr;
+    CheckReport report =
+        isDocument ? judgeByCauses(std::move(source), part) : checkBroken(std::move(source), part);
+    report.file = path;
+    // What was put in to read on is not the author's.
+    auto& findings = report.findings;
+    findings.erase(std::remove_if(findings.begin(), findings.end(),
+                                  [](const CheckFinding& finding) { return !finding.place.isInFile; }),
+                   findings.end());
+    sortByPlace(report);
     return report;
 }
 
@@ -135,15 +236,28 @@ std::vector<CheckReport> checkFiles(const std::vector<std::string>& paths, Part 
     std::atomic<size_t> next{0};
     std::mutex telling;
     size_t done = 0;
+    std::exception_ptr failure;  // of a thread: there was no memory
     const auto work = [&] {
-        for (size_t i = next++; i < paths.size(); i = next++) {
-            reports[i] = checkFile(paths[i], part);
+        try {
+            for (size_t i = next++; i < paths.size(); i = next++) {
+                reports[i] = checkFile(paths[i], part);
+                const std::lock_guard<std::mutex> lock(telling);
+                progress(++done, paths.size());
+            }
+        } catch (...) {
+            next = paths.size();
             const std::lock_guard<std::mutex> lock(telling);
-            progress(++done, paths.size());
+            failure = std::current_exception();
         }
     };
-    std::vector<std::thread> workers(std::min<size_t>(threads, paths.size()));
-    for (std::thread& worker : workers) worker = std::thread(work);
+    std::vector<std::thread> workers;
+    try {
+        while (workers.size() + 1 < std::min<size_t>(threads, paths.size())) workers.emplace_back(work);
+    } catch (const std::system_error&) {
+        // This thread and those that could be had do it all.
+    }
+    work();
     for (std::thread& worker : workers) worker.join();
+    if (failure) std::rethrow_exception(failure);
     return reports;
 }

@@ -5,6 +5,8 @@
 
 #include "check/plan.h"
 #include "model/places.h"
+#include "text/odd_characters.h"
+#include "text/utf8.h"
 #include "text/words.h"
 
 namespace {
@@ -73,7 +75,46 @@ std::string homeOf(const CheckSource& source, std::string_view name, std::string
                                          : " is a section of " + quoted(rootNames().front()));
 }
 
+// The characters of a name that cannot be told from others by looking at it: ", whose character 3 is ...".
+std::string oddOnes(std::string_view name) {
+    size_t number = 0;
+    for (size_t at = 0; at < name.size();) {
+        const Utf8Character character = utf8At(name, at);
+        ++number;
+        if (name[at] == '\0') return ", whose character " + std::to_string(number) + " is NUL (\\u0000)";
+        if (oddCharacter(character.code))
+            return ", whose character " + std::to_string(number) + " is " + nameOfCharacter(character.code);
+        at += std::max<size_t>(character.length, 1);
+    }
+    return {};
+}
+
+// The name without what cannot be seen, or seen to be other than it should.
+std::string plainName(std::string_view name) {
+    std::string plain = plainForm(name);
+    plain.erase(std::remove(plain.begin(), plain.end(), '\0'), plain.end());
+    return plain;
+}
+
+// As "model_word3" where there are "model_word1" and "model_word2"; empty for any other name.
+std::string helpBeyondTheLast(std::string_view name, const std::vector<std::string>& known) {
+    const size_t digits = name.find_last_not_of("0123456789") + 1;
+    const std::string_view stem = name.substr(0, digits);
+    if (digits == 0 || digits == name.size()) return {};
+    std::string list;
+    for (const std::string& one : known) {
+        const bool same = one.compare(0, stem.size(), stem) == 0 && one.size() > stem.size() &&
+                          one.find_first_not_of("0123456789", stem.size()) == std::string::npos;
+        if (same) list = joined(list, ", ", quoted(one));
+    }
+    return list.empty() ? list : "there are no more of these than " + list;
+}
+
 }  // namespace
+
+std::string howToRename(std::string_view written, const std::string& meant) {
+    return "did you mean " + quoted(meant) + "? Rename " + quoted(written) + oddOnes(written);
+}
 
 CheckNames::CheckNames(const CheckSource& source, CheckSource::Items items, std::vector<std::string> known,
                        const char* what)
@@ -86,9 +127,13 @@ CheckNames::CheckNames(const CheckSource& source, CheckSource::Items items, std:
     for (const KaJsonItem* item : items_) {
         const std::string_view name = CheckSource::name(*item);
         if (isKnown(name) || hasHome(name, what_)) continue;
-        const std::string slip = nearestName(name, absent);
+        const std::string plain = plainName(name);
+        const std::string nearest = nearestName(plain, known_);
+        std::string slip = nearestName(plain, absent);
+        // Of few names that are much alike the one that is there may be the nearer one.
+        if (what_ == "root object" && slip != nearest) slip.clear();
         if (!slip.empty()) slips_.emplace(slip, item);
-        meant_[item] = slip.empty() ? nearestName(name, known_) : slip;
+        meant_[item] = slip.empty() ? nearest : slip;
     }
 }
 
@@ -111,26 +156,32 @@ const KaJsonItem* CheckNames::takeSlip(const std::string& absent) {
 
 std::string CheckNames::helpFor(const KaJsonItem& item) const {
     const auto meant = meant_.find(&item);
-    if (meant == meant_.end()) return homeOf(source_, CheckSource::name(item), what_);
-    if (meant->second.empty()) return "remove it, or keep it as a note to yourself";
+    const std::string_view name = CheckSource::name(item);
+    if (meant == meant_.end()) return homeOf(source_, name, what_);
     const bool there = last(meant->second) != nullptr;
-    return "did you mean " + quoted(meant->second) + (there ? ", which is there already?" : "?");
+    if (const std::string help = helpBeyondTheLast(name, known_); there && !help.empty()) return help;
+    if (meant->second.empty()) return "remove it, or begin it with \"_\" to keep it as a note";
+    if (there)
+        return "did you mean " + quoted(meant->second) + ", which is there already" + oddOnes(name) + "?";
+    return howToRename(name, meant->second);
 }
 
 void CheckNames::report(CheckReport& report, const CheckCode& unknown, const std::string& parent) const {
     for (const KaJsonItem* item : items_) {
         const std::string_view name = CheckSource::name(*item);
+        if (isNote(name)) continue;
         const KaJsonItem* winner = last_.at(name);
         if (winner != item) {
+            if (report.leaveOut(kDuplicate)) continue;
             const std::string line = "line " + std::to_string(source_.nameOf(*winner).line);
             report.add({&kDuplicate, source_.nameOf(*item),
                         "duplicate " + what_ + ' ' + quoted(name) + ", also on " + line,
                         "reads the last one, on " + line + ", and nothing of this one",
                         "remove one of them"});
         } else if (!isKnown(name) && told_.count(item) == 0) {
-            // Advice on a section takes a look at all roots.
+            if (report.leaveOut(unknown)) continue;
             report.add({&unknown, source_.nameOf(*item), "unknown " + what_ + ' ' + quoted(name) + parent,
-                        "does not read this", report.isFull(unknown) ? std::string() : helpFor(*item)});
+                        "does not read this", helpFor(*item)});
         }
     }
 }

@@ -10,6 +10,14 @@
 #include "check/report.h"
 #include "check/source.h"
 
+// Keys, sections and root objects of this name are notes: a device ignores them, as it does every unknown name.
+inline bool isNote(std::string_view name) {
+    return name.substr(0, 1) == "_" || name.substr(0, 2) == "//";
+}
+
+// How to get from a name that was written to the one that was meant.
+std::string howToRename(std::string_view written, const std::string& meant);
+
 class CheckNames {
 public:
     // `what` is "root object", "section" or "key"; `known` are the names that belong here. The source, to which

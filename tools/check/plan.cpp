@@ -1,15 +1,18 @@
 #include "check/plan.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "model/places.h"
+#include "text/odd_characters.h"
+#include "text/words.h"
 
 namespace {
 
-CheckPass passOf(const EboLoad& load, bool chosen) {
+CheckPass passOf(const EboLoad& load, bool chosen, bool strict) {
     const bool whole = &load == rootLoads().front();
     std::string words = whole ? "the whole load" : std::string("the load of the ") + componentOf(load);
-    CheckPass pass = {&load, {}, chosen, {&load, std::move(words)}};
+    CheckPass pass = {&load, {}, chosen, strict, {&load, std::move(words)}};
     for (size_t i = 0; i < load.sectionCount; ++i) {
         pass.steps.push_back({load.sections[i], eboMustLoad(load, *load.sections[i])});
     }
@@ -18,13 +21,22 @@ CheckPass passOf(const EboLoad& load, bool chosen) {
 
 }  // namespace
 
-std::vector<CheckPass> checkPlan(Part part, const KAJsonParser& document) {
+std::vector<CheckPass> checkPlan(Part part, const std::vector<std::string>& roots) {
     std::vector<CheckPass> plan;
-    for (const EboLoad* load : loadsOf(part, document)) plan.push_back(passOf(*load, true));
-    if (part != rootLoads().front()) return plan;
-    for (const EboLoad* load : rootLoads()) {
-        if (load != part) plan.push_back(passOf(*load, false));
+    if (part != nullptr) {
+        plan.push_back(passOf(*part, true, false));
+        for (const EboLoad* load : rootLoads()) {
+            if (part == rootLoads().front() && load != part) plan.push_back(passOf(*load, false, false));
+        }
+        return plan;
     }
+    for (const EboLoad* load : rootLoads()) {
+        const bool meant = std::any_of(roots.begin(), roots.end(), [load](const std::string& root) {
+            return nearestName(plainForm(root), rootNames()) == load->root;
+        });
+        if (meant) plan.push_back(passOf(*load, true, true));
+    }
+    if (plan.empty()) plan.push_back(passOf(*rootLoads().front(), true, true));
     return plan;
 }
 

@@ -19,16 +19,14 @@ void CheckLoad::ends(CheckOutcome how) {
     ended = true;
 }
 
-bool CheckReport::isFull(const CheckCode& code) const {
-    const auto held = held_.find(&code);
-    return held != held_.end() && held->second >= kMost;
+bool CheckReport::leaveOut(const CheckCode& code) {
+    if (held_[&code] < kMost) return false;
+    ++left[&code];
+    return true;
 }
 
 void CheckReport::add(CheckFinding finding) {
-    if (isFull(*finding.code)) {
-        ++left[finding.code];
-        return;
-    }
+    if (leaveOut(*finding.code)) return;
     ++held_[finding.code];
     findings.push_back(std::move(finding));
 }
@@ -53,7 +51,14 @@ std::string CheckReport::words() const {
 }
 
 const char* nameOf(CheckLevel level) {
-    return level == CheckLevel::Error ? "error" : "warning";
+    switch (level) {
+        case CheckLevel::Error:
+            return "error";
+        case CheckLevel::Warning:
+            return "warning";
+        default:
+            return "info";
+    }
 }
 
 const char* nameOf(CheckOutcome outcome) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
+#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -15,6 +16,8 @@
 #include "model/kinds.h"
 #include "model/tuning.h"
 #include "model/values.h"
+#include "text/odd_characters.h"
+#include "text/utf8.h"
 #include "text/words.h"
 
 namespace {
@@ -98,10 +101,20 @@ struct Scan {
     std::string_view last() const { return numbers.empty() ? std::string_view() : numbers.back().written; }
 };
 
+// The character that comes next, whole and with its name where it needs one.
+std::string nextIn(const Scan& scan) {
+    const std::string_view rest = scan.rest;
+    const Utf8Character character = utf8At(rest, 0);
+    if (oddCharacter(character.code)) return nameOfCharacter(character.code);
+    return quoted(rest.substr(0, std::max<size_t>(character.length, 1)));
+}
+
 std::string howToSeparate(const RowSubject& subject, const Scan& scan) {
     const char next = *scan.rest;
     if (next == '%' || std::isalpha(static_cast<unsigned char>(next)) != 0)
         return "write " + countOf(scan.wanted, "number") + " without words and units";
+    if (const std::optional<OddCharacter> odd = oddCharacter(utf8At(scan.rest, 0).code))
+        return howToReplace(*odd);
     return hasCommas(subject.row) ? "put a comma right after each number, without a blank before it"
                                   : "separate the numbers by blanks only";
 }
@@ -134,20 +147,25 @@ void judgeCount(const RowSubject& subject, const Scan& scan) {
         const std::string upTo = found == 0 ? key + " holds no number: it starts with "
                                             : key + " is read only up to number " + std::to_string(found) +
                                                   ", " + quoted(scan.last()) + ": then comes ";
-        subject.report.add({&kBadSeparator, subject.place, upTo + quoted({scan.rest, 1}), device,
+        subject.report.add({&kBadSeparator, subject.place, upTo + nextIn(scan), device,
                             fraction.empty() ? howToSeparate(subject, scan) : fraction});
     }
 }
 
 bool isZeroAsWritten(std::string_view written) {
-    const size_t exponent =
-        written.find_first_of(written.find_first_of("xX") == std::string_view::npos ? "eE" : "pP");
-    return written.substr(0, exponent).find_first_of("123456789abcdefABCDEF") == std::string_view::npos;
+    return written.substr(0, written.find_first_of("eE")).find_first_of("123456789") ==
+           std::string_view::npos;
 }
 
 void judgeNumber(const RowSubject& subject, const Number& number) {
     const std::string holds = quoted(subject.row.key) + " holds " + std::string(number.written);
     if (subject.row.kind == EboKeyKind::FloatRow) {
+        if (number.written.find_first_of("xXnN") != std::string_view::npos) {
+            subject.report.add({&kOddNumber, subject.place,
+                                holds + ", which is read as " + floatText(number.real),
+                                "stores " + floatText(number.real), "write a decimal number"});
+            return;
+        }
         if (std::isfinite(number.real) && (number.real != 0.0F || isZeroAsWritten(number.written))) return;
         subject.report.add({&kFloatRange, subject.place, holds + ", which no float holds",
                             "stores " + floatText(number.real), "write a number that a float can hold"});

@@ -46,7 +46,9 @@ void checkWakeup(const RuleSubject& subject) {
                                 countOf(static_cast<size_t>(given), "word") + (given == 1 ? " is" : " are") +
                                 " given",
                             "stores the number and the words as they are",
-                            "give as many of \"model_word1\" and \"model_word2\" as \"wakeup_words\" says"});
+                            words > 2 ? "a device knows two wake words, \"model_word1\" and \"model_word2\""
+                                      : "give as many of \"model_word1\" and \"model_word2\" as "
+                                        "\"wakeup_words\" says"});
     }
     const int32_t mode = integerOf(subject, "mode");
     if (mode >= 1 && mode <= 3) return;

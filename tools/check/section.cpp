@@ -1,7 +1,10 @@
 #include "check/section.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <optional>
+#include <vector>
 
 #include "check/names.h"
 #include "check/rows.h"
@@ -11,6 +14,7 @@
 #include "model/load_log.h"
 #include "model/places.h"
 #include "model/values.h"
+#include "text/odd_characters.h"
 #include "text/words.h"
 
 namespace {
@@ -19,6 +23,21 @@ namespace {
 std::string whoseMessage(const EboSection& section, const std::string& message) {
     if (message.find(' ' + std::string(section.name) + ' ') != std::string::npos) return {};
     return " (the message does not say so, but it is about " + quoted(section.name) + ")";
+}
+
+std::string helpWithStatus(std::string_view status) {
+    const std::optional<OddCharacter> odd = firstOddCharacter(status);
+    const bool hasBlanks = status.find_first_of(" \t\r\n") != std::string_view::npos;
+    const std::string which = odd         ? ", without " + nameOfCharacter(odd->code)
+                              : hasBlanks ? ", without blanks"
+                                          : std::string();
+    return "write \"enable\" or \"disable\"" + which;
+}
+
+// The stem of the name of a table's row: "LimitRatio_" of "LimitRatio_0"; empty of any other name, or number.
+std::string stemOfFirstRow(const std::string& key) {
+    return key.size() > 2 && key.compare(key.size() - 2, 2, "_0") == 0 ? key.substr(0, key.size() - 1)
+                                                                       : std::string();
 }
 
 // What a device does when the section fails with `message`.
@@ -41,6 +60,10 @@ std::vector<std::string> keyNames(const EboSection& section) {
     names.emplace_back(section.rows[0].key);
     for (const EboKeyRow* row : keysOf(section)) names.emplace_back(row->key);
     return names;
+}
+
+void lacksRecord(CheckPass& pass, const CheckStep& step) {
+    if (step.section->recordSize != 0) pass.load.lacks.emplace_back(step.section->name);
 }
 
 // Follows the section's reader through its table.
@@ -88,6 +111,7 @@ private:
             notFound(row);
             return;
         }
+        checkNul(row);
         enabled_ = util_strcasecmp(status, "enable") == 0;
         if (enabled_ || util_strcasecmp(status, "disable") == 0) return;
         report_.add({&kStatusWord, valueOf(row),
@@ -95,7 +119,7 @@ private:
                      pass_.how->maskless != 0
                          ? "reads the section all the same: a load of gain control keeps no mask"
                          : "takes " + quoted(section_.name) + " as disabled: nothing but \"enable\" enables",
-                     "write \"enable\" or \"disable\""});
+                     helpWithStatus(status)});
     }
 
     void checkKey(const EboKeyRow& row) {
@@ -140,9 +164,19 @@ private:
     }
 
     void checkText(const EboKeyRow& row, const char* text) {
+        checkNul(row);
         if (row.kind == EboKeyKind::Word) return;
         if (!checkRow({report_, valueOf(row), section_, row, text, record_.data()}))
             ends(kMapAssertion, CheckOutcome::Aborts);
+    }
+
+    // A reader takes a text up to there.
+    void checkNul(const EboKeyRow& row) {
+        const std::string_view text = CheckSource::value(*names_.last(row.key));
+        const size_t nul = text.find('\0');
+        if (nul == std::string_view::npos) return;
+        report_.add({&kCutAtNul, valueOf(row), quoted(row.key) + " holds a NUL character (\\u0000)",
+                     "reads it up to there: " + quoted(text.substr(0, nul)), "remove the \\u0000"});
     }
 
     // The key is missing, or has a value that counts as missing.
@@ -165,38 +199,75 @@ private:
                              (section_.whenDisabled != EboDisabled::GoesByMask ? ", and says nothing" : ""),
                          help});
         } else if (big) {
-            fails(row, kBeyond32Bits, kBeyond32LeftOut, place, text, help);
+            fails(row, {&kBeyond32Bits, &kBeyond32LeftOut, place, text, help});
         } else {
-            fails(row, kWrongType, kWrongTypeLeftOut, place, text, help);
+            fails(row, {&kWrongType, &kWrongTypeLeftOut, place, text, help});
         }
     }
 
     void missing(const EboKeyRow& row) {
         const std::string text =
             "key " + quoted(row.key) + " is missing from section " + quoted(section_.name);
-        if (const KaJsonItem* slip = names_.takeSlip(row.key)) {
-            const std::string written = quoted(CheckSource::name(*slip));
-            fails(row, kMissingKey, kKeyLeftOut, source_.nameOf(*slip),
-                  text + ", which has " + written + " instead",
-                  "did you mean " + quoted(row.key) + "? Rename " + written);
+        if (const std::vector<const KaJsonItem*> rows = rowsCountedFromOne(row.key); !rows.empty()) {
+            countedFromOne(row, rows);
+        } else if (const KaJsonItem* slip = names_.takeSlip(row.key)) {
+            const std::string_view written = CheckSource::name(*slip);
+            fails(row, {&kMissingKey,
+                        &kKeyLeftOut,
+                        source_.nameOf(*slip),
+                        text + ", which has " + quoted(written) + " instead",
+                        howToRename(written, row.key),
+                        {source_.rename(*slip, row.key)}});
         } else {
-            fails(row, kMissingKey, kKeyLeftOut, source_.nameOf(item_), text,
-                  "add " + quoted(row.key) + ": " + exampleFor(row));
+            fails(row, {&kMissingKey, &kKeyLeftOut, source_.nameOf(item_), text,
+                        "add " + quoted(row.key) + ": " + exampleFor(row)});
         }
     }
 
-    void fails(const EboKeyRow& row, const CheckCode& error, const CheckCode& warning, const TextPlace& place,
-               const std::string& text, const std::string& help) {
+    // The items "LimitRatio_1" up to "LimitRatio_3" where "LimitRatio_0" up to "LimitRatio_2" are wanted, and "_0" is
+    // missing; none when the rows are not counted like that.
+    std::vector<const KaJsonItem*> rowsCountedFromOne(const std::string& first) const {
+        const std::string stem = stemOfFirstRow(first);
+        std::vector<const KaJsonItem*> rows;
+        size_t wanted = 0;
+        for (const EboKeyRow* row : keysOf(section_)) {
+            wanted += !stem.empty() && std::string_view(row->key).substr(0, stem.size()) == stem ? 1 : 0;
+        }
+        for (size_t i = 1; i <= wanted; ++i) {
+            const KaJsonItem* item = names_.last(stem + std::to_string(i));
+            if (item == nullptr) return {};
+            rows.push_back(item);
+        }
+        return rows;
+    }
+
+    void countedFromOne(const EboKeyRow& row, const std::vector<const KaJsonItem*>& rows) {
+        const std::string stem = stemOfFirstRow(row.key);
+        std::vector<TextEdit> edits;
+        for (size_t i = 0; i < rows.size(); ++i)
+            edits.push_back(source_.rename(*rows[i], stem + std::to_string(i)));
+        std::sort(edits.begin(), edits.end(),
+                  [](const TextEdit& a, const TextEdit& b) { return a.offset < b.offset; });
+        const std::string names =
+            quoted(stem + "0") + " to " + quoted(stem + std::to_string(rows.size() - 1));
+        names_.told(*rows.back());
+        fails(row,
+              {&kMissingKey, &kKeyLeftOut, source_.nameOf(*rows.front()),
+               "the rows of " + quoted(stem.substr(0, stem.size() - 1)) + " are counted from 1, not from 0",
+               "number them from " + names, edits});
+    }
+
+    void fails(const EboKeyRow& row, const CheckAbsence& absence) {
         const std::string message = plainText(missingMessage(row));
-        const bool fatal = pass_.endsWith(step_);
-        report_.add(
-            {fatal ? &error : &warning, place, text, effectOfFailure(pass_, step_, enabled_, message), help});
+        report_.add({pass_.isError(step_) ? absence.error : absence.warning, absence.place, absence.text,
+                     effectOfFailure(pass_, step_, enabled_, message), absence.help, absence.edits});
         ends(message, CheckOutcome::Fails);
     }
 
     // A reader stops at its first failure.
     void ends(const std::string& message, CheckOutcome outcome) {
         if (!ended_) pass_.load.logs(message);
+        if (!ended_ && !step_.required) lacksRecord(pass_, step_);
         if (!ended_ && pass_.endsWith(step_)) pass_.load.ends(outcome);
         ended_ = true;
     }
@@ -256,8 +327,9 @@ void checkMissingSection(CheckReport& report, CheckPass& pass, const CheckStep& 
         return;
     }
     const std::string message = plainText(format);
-    report.add({pass.endsWith(step) ? absence.error : absence.warning, absence.place, absence.text,
-                effectOfFailure(pass, step, false, message), absence.help});
+    report.add({pass.isError(step) ? absence.error : absence.warning, absence.place, absence.text,
+                effectOfFailure(pass, step, false, message), absence.help, absence.edits});
     pass.load.logs(message);
     if (pass.endsWith(step)) pass.load.ends(CheckOutcome::Fails);
+    if (!step.required) lacksRecord(pass, step);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "check/plan.h"
 #include "check/source.h"
@@ -10,13 +11,14 @@
 void checkSection(CheckReport& report, CheckSource& source, CheckPass& pass, const CheckStep& step,
                   const KaJsonItem& item);
 
-// How to report a section that is missing or not an object.
+// How to report what is missing, or not what it should be.
 struct CheckAbsence {
-    const CheckCode* error;    // when it fails the load
+    const CheckCode* error;    // when it fails the load, or nothing may fail
     const CheckCode* warning;  // when it does not
     TextPlace place;
     std::string text;
     std::string help;
+    std::vector<TextEdit> edits = {};
 };
 void checkMissingSection(CheckReport& report, CheckPass& pass, const CheckStep& step,
                          const CheckAbsence& absence);

@@ -1,8 +1,12 @@
 #include "check/source.h"
 
+#include <sys/mman.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include "model/spool.h"
 
@@ -18,10 +22,34 @@ std::string readInto(KAJsonParser& parser, KaJsonError& error, const std::string
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// The framework parses files only: this one is in memory and has no name.
+void parseText(KAJsonParser& parser, const std::string& text) {
+    const int file = memfd_create("eboconf", MFD_CLOEXEC);
+    size_t written = 0;
+    while (written < text.size()) {
+        const ssize_t count = write(file, text.data() + written, text.size() - written);
+        if (count <= 0) break;
+        written += static_cast<size_t>(count);
+    }
+    parser.parseFile(("/proc/self/fd/" + std::to_string(file)).c_str());
+    close(file);
+}
+
 }  // namespace
 
-CheckSource::CheckSource(const std::string& path) : text_(readInto(parser_, error_, path)), lines_(text_) {
+CheckSource::CheckSource(const std::string& path)
+    : text_(readInto(parser_, error_, path)), lines_(text_.original()) {
+    readItems();
+}
+
+CheckSource::CheckSource(EditedText text) : text_(std::move(text)), lines_(text_.original()) {
+    parseText(parser_, text_.text());
+    readItems();
+}
+
+void CheckSource::readItems() {
     KAJsonTable table(parser_);
+    error_ = table.error();
     for (KaJsonItem item = {}; table.next(&item);) items_.push_back(item);
 }
 
@@ -47,35 +75,76 @@ bool CheckSource::section(const char* root, const char* section, KaMetaData* key
 
 // After the closing quote of the string whose text starts at `offset`.
 size_t CheckSource::endOfString(size_t offset) const {
-    while (offset < text_.size() && text_[offset] != '"') offset += text_[offset] == '\\' ? 2 : 1;
-    return offset + 1;
+    const std::string_view all = text();
+    while (offset < all.size() && all[offset] != '"') offset += all[offset] == '\\' ? 2 : 1;
+    return std::min(offset + 1, all.size());
+}
+
+size_t CheckSource::endOf(const KaJsonItem& item) const {
+    const std::string_view all = text();
+    size_t at = item.value_offset;
+    switch (item.kind) {
+        case KaJsonKind::kString:
+            return endOfString(at);
+        case KaJsonKind::kNumber:
+            return at + item.value_length;
+        case KaJsonKind::kNull:
+            return at + 4;
+        case KaJsonKind::kBool:
+            return at + (at < all.size() && all[at] == 't' ? 4 : 5);
+        default:
+            break;
+    }
+    for (size_t open = 0; at < all.size();) {
+        const char c = all[at];
+        at = c == '"' ? endOfString(at + 1) : at + 1;
+        if (c == '{' || c == '[') ++open;
+        if ((c == '}' || c == ']') && --open == 0) break;
+    }
+    return std::min(at, all.size());
 }
 
 std::string_view CheckSource::insideArray(const KaJsonItem& item) const {
     const size_t begin = size_t{item.value_offset} + 1;
-    const size_t end = text_.find(']', begin);
-    if (item.kind != KaJsonKind::kArray || end == std::string::npos) return {};
+    const size_t end = text().find(']', begin);
+    if (item.kind != KaJsonKind::kArray || end == std::string_view::npos) return {};
     return text().substr(begin, end - begin);
 }
 
+// The file may have changed since it was parsed, so offsets are kept within the text.
+TextPlace CheckSource::place(size_t offset, size_t length) const {
+    offset = std::min(offset, text().size());
+    TextPlace place = lines_.place(text_.originalOffset(offset), length);
+    place.isInFile = text_.isOriginal(offset);
+    return place;
+}
+
+// The quotes may have been put in.
 TextPlace CheckSource::nameOf(const KaJsonItem& item) const {
-    return lines_.place(item.name_offset - 1, endOfString(item.name_offset) - item.name_offset + 1);
+    const size_t begin = item.name_offset;
+    TextPlace found = place(begin - 1, endOfString(begin) - begin + 1);
+    found.isInFile = text_.isOriginal(std::min(begin, text().size()));
+    return found;
 }
 
 TextPlace CheckSource::valueOf(const KaJsonItem& item) const {
-    const size_t offset = item.value_offset;
-    switch (item.kind) {
-        case KaJsonKind::kString:
-            return lines_.place(offset - 1, endOfString(offset) - offset + 1);
-        case KaJsonKind::kNumber:
-            return lines_.place(offset, item.value_length);
-        case KaJsonKind::kNull:
-            return lines_.place(offset, 4);
-        case KaJsonKind::kBool:
-            return lines_.place(offset, offset < text_.size() && text_[offset] == 't' ? 4 : 5);
-        default:
-            return lines_.place(offset, 1);
-    }
+    const size_t begin = item.value_offset;
+    if (item.kind == KaJsonKind::kArray || item.kind == KaJsonKind::kObject) return place(begin, 1);
+    if (item.kind != KaJsonKind::kString) return place(begin, endOf(item) - begin);
+    TextPlace found = place(begin - 1, endOf(item) - begin + 1);
+    found.isInFile = text_.isOriginal(std::min(begin, text().size()));
+    return found;
+}
+
+TextEdit CheckSource::rename(const KaJsonItem& item, std::string name) const {
+    const size_t length = endOfString(item.name_offset) - 1 - item.name_offset;
+    return {text_.originalOffset(item.name_offset), length, std::move(name)};
+}
+
+size_t CheckSource::errorOffset() const {
+    size_t begin = 0;
+    for (uint32_t line = 1; line < error_.line; ++line) begin = text().find('\n', begin) + 1;
+    return std::min(begin + error_.column - 1, text().size());
 }
 
 const KaJsonItem* lastNamed(const CheckSource::Items& items, std::string_view name) {

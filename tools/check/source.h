@@ -1,4 +1,5 @@
-// A tuning file under check: what the parser made of it, and its text as it is on disk.
+// A tuning file under check: what the parser made of it, and its text. The text may have been mended in memory; its
+// places are those of the file.
 #pragma once
 
 #include <ka/json_table.h>
@@ -7,11 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "text/edited_text.h"
 #include "text/lines.h"
 
 class CheckSource {
 public:
     explicit CheckSource(const std::string& path);
+    explicit CheckSource(EditedText text);
 
     const KAJsonParser& document() const { return parser_; }
     // Why the file is no document; `reason` is null when it is one.
@@ -25,8 +28,8 @@ public:
     // Fills *keys as a section reader does; false when root.section is not there.
     bool section(const char* root, const char* section, KaMetaData* keys);
 
-    std::string_view text() const { return text_; }
-    const TextLines& lines() const { return lines_; }
+    const EditedText& edited() const { return text_; }
+    std::string_view text() const { return text_.text(); }
     // A number as written, and the text of a string.
     static std::string_view value(const KaJsonItem& item) { return {item.value, item.value_length}; }
     static std::string_view name(const KaJsonItem& item) { return {item.name, item.name_length}; }
@@ -37,17 +40,23 @@ public:
     // Both with their quotes; of an object or array its first bracket.
     TextPlace nameOf(const KaJsonItem& item) const;
     TextPlace valueOf(const KaJsonItem& item) const;
-    // The whole file's.
-    TextPlace start() const { return lines_.place(0, 1); }
+    // What gives an item another name, as an edit of the file.
+    TextEdit rename(const KaJsonItem& item, std::string name) const;
+    // Of the text.
+    TextPlace place(size_t offset, size_t length) const;
+    size_t errorOffset() const;
+    // After the last byte of an item's value.
+    size_t endOf(const KaJsonItem& item) const;
 
 private:
+    void readItems();
     size_t endOfString(size_t offset) const;
 
     KAJsonParser parser_;
     KaJsonError error_;
     std::vector<KaJsonItem> items_;
-    std::string text_;
-    TextLines lines_;
+    EditedText text_;
+    TextLines lines_;  // of the file
 };
 
 // The last item of this name, which is the one that counts; null when there is none.

@@ -32,11 +32,28 @@ void showProgress(size_t done, size_t all) {
     if (done == all) std::fputs("\r\x1b[K", stderr);
 }
 
+// Standard input can be read once.
+std::vector<std::string> filesToCheck(const std::vector<std::string>& named) {
+    std::vector<std::string> files;
+    bool hasInput = false;
+    for (const std::string& file : named) {
+        if (file == "-" && hasInput) {
+            std::fputs("eboconf: standard input is read once: it is checked where \"-\" comes first\n",
+                       stderr);
+        } else {
+            files.push_back(file);
+        }
+        hasInput = hasInput || file == "-";
+    }
+    return files;
+}
+
 ExitStatus check(const CheckOptions& options) {
     // The report says it all, and says it once.
     ka_install_log_sink([](const KaLogMessage&, void*) {}, nullptr);
     const unsigned threads = std::max(1U, std::thread::hardware_concurrency());
-    const std::vector<CheckReport> reports = checkFiles(options.files, options.part, threads, showProgress);
+    const std::vector<CheckReport> reports =
+        checkFiles(filesToCheck(options.files), options.part, threads, showProgress);
     ka_remove_log_sink();
 
     if (options.format == "json") {
@@ -51,7 +68,8 @@ ExitStatus check(const CheckOptions& options) {
     }
     std::cout.flush();
     const bool problems = std::any_of(reports.begin(), reports.end(), [&](const CheckReport& report) {
-        return report.count(CheckLevel::Error) > 0 || (options.strict && !report.findings.empty());
+        return report.count(CheckLevel::Error) > 0 ||
+               (options.strict && report.count(CheckLevel::Warning) > 0);
     });
     return problems ? kProblems : kClean;
 }

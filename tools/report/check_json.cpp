@@ -14,6 +14,10 @@ Json findingOf(const CheckFinding& finding) {
                  {"offset", place.offset},   {"length", place.length},
                  {"message", finding.text},  {"device", finding.device}};
     if (!finding.help.empty()) json["help"] = finding.help;
+    for (const TextEdit& edit : finding.edits) {
+        json["edits"].push_back({{"offset", edit.offset}, {"length", edit.length}, {"text", edit.text}});
+    }
+    if (!finding.edits.empty()) json["guess"] = finding.isGuess;
     return json;
 }
 
@@ -22,7 +26,12 @@ Json reportOf(const CheckReport& report) {
     for (const CheckFinding& finding : report.findings) findings.push_back(findingOf(finding));
     Json log = Json::array();
     Json left = Json::object();
+    Json loads = Json::array();
     for (const CheckLoad& load : report.loads) {
+        loads.push_back({{"part", load.load->name},
+                         {"outcome", nameOf(load.outcome)},
+                         {"lacks", load.lacks},
+                         {"log", load.log}});
         for (const std::string& message : load.log) log.push_back(message);
     }
     for (const auto& [code, count] : report.left) left[code->id] = count;
@@ -32,6 +41,8 @@ Json reportOf(const CheckReport& report) {
             {"log", log},
             {"errors", report.count(CheckLevel::Error)},
             {"warnings", report.count(CheckLevel::Warning)},
+            {"infos", report.count(CheckLevel::Info)},
+            {"loads", loads},
             {"left", left},
             {"findings", findings}};
 }

@@ -23,12 +23,16 @@ std::string uriOf(const std::string& path) {
     return uri;
 }
 
+const char* sarifLevel(CheckLevel level) {
+    return level == CheckLevel::Info ? "note" : nameOf(level);
+}
+
 Json rules() {
     Json list = Json::array();
     for (const CheckCode* code : checkCodes()) {
         list.push_back({{"id", code->id},
                         {"shortDescription", {{"text", code->title}}},
-                        {"defaultConfiguration", {{"level", nameOf(code->level)}}}});
+                        {"defaultConfiguration", {{"level", sarifLevel(code->level)}}}});
     }
     return list;
 }
@@ -50,7 +54,7 @@ Json resultOf(const std::string& file, const CheckFinding& finding) {
     }
     return {{"ruleId", finding.code->id},
             {"ruleIndex", ruleIndex(finding.code)},
-            {"level", nameOf(finding.code->level)},
+            {"level", sarifLevel(finding.code->level)},
             {"message", {{"text", text}}},
             {"locations", Json::array({{{"physicalLocation", location}}})}};
 }

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/tuning.h"
 #include "report/check_report.h"
 #include "text/utf8.h"
 #include "text/words.h"
@@ -72,13 +73,50 @@ void writeFinding(const std::string& file, const CheckFinding& finding, const Ch
     const TextPlace& place = finding.place;
     std::string where = printable(file);
     if (place.line != 0) where += ':' + std::to_string(place.line) + ':' + std::to_string(place.column);
-    const bool error = finding.code->level == CheckLevel::Error;
-    out << paint(kBold, where + ": ") << paint(error ? kRed : kYellow, nameOf(finding.code->level)) << ": "
-        << paint(kBold, finding.text) << " [" << finding.code->id << "]\n";
+    const CheckLevel level = finding.code->level;
+    const char* colour = level == CheckLevel::Error ? kRed : level == CheckLevel::Warning ? kYellow : kBlue;
+    out << paint(kBold, where + ": ") << paint(colour, nameOf(level)) << ": " << paint(kBold, finding.text)
+        << " [" << finding.code->id << "]\n";
     if (place.line != 0) writeQuote(place, style, paint, out);
     out << paint(kBlue, "       = device: ") << finding.device << '\n';
     if (!finding.help.empty()) out << paint(kBlue, "       = help: ") << finding.help << '\n';
     out << '\n';
+}
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string all;
+    for (const std::string& word : words) all += (all.empty() ? "" : ", ") + word;
+    return all;
+}
+
+std::vector<std::string> componentsOf(const CheckReport& report) {
+    std::vector<std::string> components;
+    for (const CheckLoad& load : report.loads) components.emplace_back(componentOf(*load.load));
+    return components;
+}
+
+// What became of a load, apart from its name: " fails: find aec status failed", of several " each fail ...".
+std::string endOf(const CheckLoad& load, bool isOne = true) {
+    const std::string verb = nameOf(load.outcome);
+    const std::string end = isOne ? ' ' + verb : " each " + verb.substr(0, verb.size() - 1);
+    if (load.outcome != CheckOutcome::Loads) return load.log.empty() ? end : end + ": " + load.log.back();
+    if (load.lacks.empty()) return end;
+    std::vector<std::string> sections;
+    for (const std::string& section : load.lacks) sections.push_back(quoted(section));
+    return end + " without the record" + (sections.size() == 1 ? "" : "s") + " of " + joined(sections);
+}
+
+// Loads that end alike are told together.
+void writeLoads(const std::vector<CheckLoad>& loads, std::ostream& out) {
+    for (size_t first = 0; first < loads.size();) {
+        size_t last = first;
+        while (last + 1 < loads.size() && endOf(loads[last + 1]) == endOf(loads[first])) ++last;
+        out << "; ";
+        for (size_t i = first; i <= last; ++i)
+            out << (i == first ? "" : i == last ? " and " : ", ") << loads[i].words;
+        out << endOf(loads[first], first == last);
+        first = last + 1;
+    }
 }
 
 }  // namespace
@@ -89,18 +127,17 @@ void writeCheckText(const CheckReport& report, const CheckTextStyle& style, std:
         out << printable(report.file) << ": " << nameOf(code->level) << ": and " << count << " more ["
             << code->id << "]\n\n";
     }
-    const size_t errors = report.count(CheckLevel::Error);
-    const size_t warnings = report.count(CheckLevel::Warning);
-    out << printable(report.file) << ": ";
-    if (errors + warnings == 0) {
-        out << "no problems found\n";
-        return;
+    std::vector<std::string> counts;
+    for (const CheckLevel level : {CheckLevel::Error, CheckLevel::Warning, CheckLevel::Info}) {
+        if (const size_t count = report.count(level)) counts.push_back(countOf(count, nameOf(level)));
     }
-    if (errors > 0) out << countOf(errors, "error") << (warnings > 0 ? ", " : "");
-    if (warnings > 0) out << countOf(warnings, "warning");
-    for (const CheckLoad& load : report.loads) {
-        out << "; " << load.words << ' ' << nameOf(load.outcome);
-        if (load.outcome != CheckOutcome::Loads && !load.log.empty()) out << ": " << load.log.back();
+    out << printable(report.file) << ": ";
+    if (report.count(CheckLevel::Error) + report.count(CheckLevel::Warning) == 0) {
+        out << "no problems found (" << joined(componentsOf(report)) << ")";
+        for (const std::string& count : counts) out << ", " << count;
+    } else {
+        out << joined(counts);
+        writeLoads(report.loads, out);
     }
     out << '\n';
 }

@@ -50,8 +50,3 @@ TextPlace TextLines::place(size_t offset, size_t length) const {
     result.cutAfter = to < end;
     return result;
 }
-
-size_t TextLines::offsetOf(uint32_t line, uint32_t column) const {
-    if (line == 0 || line > lines_.size()) return 0;
-    return std::min(lines_[line - 1] + column - 1, text_.size());
-}

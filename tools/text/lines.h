@@ -18,6 +18,8 @@ struct TextPlace {
     uint32_t quoteMark = 0;  // offset of the mark in the quote
     bool cutBefore = false;
     bool cutAfter = false;
+
+    bool isInFile = true;  // false: what is meant was put in while reading; the place is where it would go
 };
 
 class TextLines {
@@ -27,8 +29,6 @@ public:
 
     // Offsets beyond the text mean its end. A mark ends with its line.
     TextPlace place(size_t offset, size_t length) const;
-    // 0 for line 0.
-    size_t offsetOf(uint32_t line, uint32_t column) const;
 
 private:
     size_t charactersBefore(size_t offset) const;

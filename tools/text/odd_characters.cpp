@@ -109,6 +109,19 @@ std::string nameOfCharacter(char32_t code) {
                : std::string("the character ") + number;
 }
 
+std::string howToReplace(const OddCharacter& odd) {
+    switch (odd.plain) {
+        case kNothing:
+            return "leave it out: it cannot be seen";
+        case ' ':
+            return "write a plain blank";
+        case '"':
+            return "use plain double quotes, not typographic ones";
+        default:
+            return std::string("write a plain '") + odd.plain + "'";
+    }
+}
+
 std::string plainForm(std::string_view text) {
     std::string plain;
     for (size_t at = 0; at < text.size();) {

@@ -20,6 +20,9 @@ std::optional<OddCharacter> oddCharacter(char32_t code);
 // "the zero-width space (U+200B)"; of a character that is not odd "the character U+00E9".
 std::string nameOfCharacter(char32_t code);
 
+// "write a plain '-'", "leave it out: it cannot be seen"
+std::string howToReplace(const OddCharacter& odd);
+
 // The text with every odd character in its plain form.
 std::string plainForm(std::string_view text);
 

@@ -17,18 +17,41 @@
 #include "text/words.h"
 namespace {
 
-bool loads(const std::string& part, const char* path) {
-    if (part == "aec") return AecRecord(parseEboAecConfigs(path)) != nullptr;
-    if (part == "beamform") return BeamFormRecord(parseEboBeamFormConfigs(path)) != nullptr;
-    if (part == "ao") return PlaybackRoot(parseEboAoConfigs(path)) != nullptr;
-    if (part == "agc") return AgcRecord(parseEboAgcConfigsFile(path)) != nullptr;
-    return CaptureRoot(parseEboConfigs(path)) != nullptr;
+bool isDelayMissing(const std::vector<std::string>& log) {
+    return std::any_of(log.begin(), log.end(),
+                       [](const std::string& message) { return message.compare(0, 11, "find delay ") == 0; });
+}
+
+struct Loaded {
+    bool loaded = false;
+    bool lacksRecords = false;  // but for that of "delay", which a disabled section leaves out
+};
+
+Loaded load(const std::string& part, const char* path) {
+    if (part == "aec") return {AecRecord(parseEboAecConfigs(path)) != nullptr};
+    if (part == "agc") return {AgcRecord(parseEboAgcConfigsFile(path)) != nullptr};
+    if (part == "beamform") {
+        const BeamFormRecord bf(parseEboBeamFormConfigs(path));
+        if (bf == nullptr) return {};
+        return {true, bf->agc == nullptr || bf->anr == nullptr || bf->nlp == nullptr ||
+                          bf->dereverb == nullptr || bf->cng == nullptr || bf->dtd == nullptr ||
+                          bf->aes == nullptr || bf->howl == nullptr || bf->doa == nullptr ||
+                          bf->wakeup == nullptr || bf->ainr == nullptr};
+    }
+    if (part == "ao") {
+        const PlaybackRoot ao(parseEboAoConfigs(path));
+        return {ao != nullptr, ao != nullptr && (ao->rx->anr == nullptr || ao->rx->howl == nullptr)};
+    }
+    return {CaptureRoot(parseEboConfigs(path)) != nullptr};
 }
 
 Loading loadHere(const std::string& part, const std::string& path) {
     const LogCatcher log;
-    const bool loaded = loads(part, path.c_str());
-    return {loaded ? CheckOutcome::Loads : CheckOutcome::Fails, log.errors()};
+    const Loaded loaded = load(part, path.c_str());
+    const bool lacksDelay =
+        loaded.loaded && (part == "full" || part == "aec") && isDelayMissing(log.errors());
+    return {loaded.loaded ? CheckOutcome::Loads : CheckOutcome::Fails, log.errors(),
+            loaded.lacksRecords || lacksDelay};
 }
 
 Loading loadInChild(const std::string& part, const std::string& path) {
@@ -37,7 +60,7 @@ Loading loadInChild(const std::string& part, const std::string& path) {
     const pid_t child = fork();
     if (child == 0) {
         dup2(ends[1], STDERR_FILENO);  // where the log goes
-        loads(part, path.c_str());
+        load(part, path.c_str());
         _exit(0);
     }
     close(ends[1]);

@@ -24,6 +24,7 @@ private:
 struct Loading {
     CheckOutcome outcome;
     std::vector<std::string> log;  // as LogCatcher::errors()
+    bool lacksRecords = false;     // a record is null that no disabled section leaves out
 };
 
 // `part` as for the check. A load that is expected to abort runs in a process of its own.
