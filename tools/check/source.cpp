@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <utility>
@@ -15,6 +16,7 @@ namespace {
 // Parses the file, and gives its text when that can be read.
 std::string readInto(KAJsonParser& parser, KaJsonError& error, const std::string& path) {
     const SpooledFile spooled(path);
+    if (!spooled.error().empty()) std::fprintf(stderr, "eboconf: %s\n", spooled.error().c_str());
     parser.parseFile(spooled.path().c_str());
     error = KAJsonTable(parser).error();
     if (error.reason != nullptr && error.line == 0) return {};

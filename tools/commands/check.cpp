@@ -10,7 +10,7 @@
 
 #include "check/file.h"
 #include "commands/commands.h"
-#include "commands/part_option.h"
+#include "commands/options.h"
 #include "report/check_report.h"
 #include "text/terminal.h"
 
@@ -71,7 +71,7 @@ ExitStatus check(const CheckOptions& options) {
         return report.count(CheckLevel::Error) > 0 ||
                (options.strict && report.count(CheckLevel::Warning) > 0);
     });
-    return problems ? kProblems : kClean;
+    return problems ? kFailure : kSuccess;
 }
 
 }  // namespace

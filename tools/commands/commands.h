@@ -4,17 +4,13 @@
 #include <CLI/CLI.hpp>
 
 enum ExitStatus {
-    kLoaded = 0,
-    kNotLoaded = 1,
-    kUsage = 2,
-    // of check
-    kClean = kLoaded,
-    kProblems = kNotLoaded,
-    // of diff
-    kSame = 0,
-    kDifferent = 1,
-    kTrouble = 2,
+    kSuccess = 0,
+    kFailure = 1,  // not loaded, problems found, files that differ
+    kUsage = 2,    // wrong usage; of diff also a file that does not load
 };
+
+// A line on standard error, "eboconf: " and the sentence, in which no file name steers the terminal.
+void complain(const std::string& sentence);
 
 // Each adds its subcommand to `app`; when the command line names it, it runs and stores its exit status in
 // `status`, which must outlive the parsing.

@@ -58,7 +58,7 @@ public:
             offerValues(*option, word_.substr(0, equals + 1));
         }
         for (const std::string& line : lines_) std::printf("%s\n", line.c_str());
-        return mayBeFile_ ? kNotLoaded : kLoaded;
+        return mayBeFile_ ? kFailure : kSuccess;
     }
 
 private:

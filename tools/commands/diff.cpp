@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "commands/commands.h"
-#include "commands/part_option.h"
+#include "commands/options.h"
 #include "model/differences.h"
 #include "report/json_writer.h"
 #include "text/terminal.h"
@@ -35,21 +35,19 @@ void printText(const DiffOptions& options, const Differences& differences) {
     for (const auto* list : {&differences.switches, &differences.values}) {
         for (const Difference& difference : *list) width = std::max(width, difference.name.size());
     }
-    std::printf("%s\n%s\n", styled(Style::Bold, "--- " + options.from).c_str(),
-                styled(Style::Bold, "+++ " + options.to).c_str());
+    std::printf("%s\n%s\n", styled(Style::Bold, "--- " + printable(options.from)).c_str(),
+                styled(Style::Bold, "+++ " + printable(options.to)).c_str());
     printList(differences.switches, width);
     printList(differences.values, width);
 }
 
-// Numbers that JSON does not have are texts.
 void writeValue(JsonWriter& json, const Value& value) {
-    const bool finite = value.text.find_first_not_of("0123456789+-.e") == std::string::npos;
     if (value.kind == Value::None) {
         json.null();
     } else if (value.kind == Value::Switch) {
         json.boolean(value.text == "enabled");
-    } else if (value.kind == Value::Number && finite) {
-        json.number(value.text);
+    } else if (value.kind == Value::Number) {
+        json.numberOrText(value.text);
     } else {
         json.text(value.text);
     }
@@ -77,12 +75,16 @@ void printJson(const DiffOptions& options, const Differences& differences, bool 
 }
 
 ExitStatus run(const DiffOptions& options) {
+    if (options.from == "-" && options.to == "-") {
+        complain("standard input can be read only once: name a file for A or B");
+        return kUsage;
+    }
     const Load from = loadTuning(options.from, options.part);
     const Load to = loadTuning(options.to, options.part);
     for (const auto& [load, file] : {std::pair(&from, &options.from), std::pair(&to, &options.to)}) {
-        if (!load->loaded) std::fprintf(stderr, "eboconf: %s\n", whyNotLoaded(*load, *file).c_str());
+        if (!load->loaded) complain(whyNotLoaded(*load, *file));
     }
-    if (!from.loaded || !to.loaded) return kTrouble;
+    if (!from.loaded || !to.loaded) return kUsage;
     const Differences differences = differencesOf(from.tuning, to.tuning);
     const bool equal = differences.switches.empty() && differences.values.empty();
     if (options.format == "json") {
@@ -90,8 +92,8 @@ ExitStatus run(const DiffOptions& options) {
     } else if (!equal) {
         printText(options, differences);
     }
-    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) return kTrouble;
-    return equal ? kSame : kDifferent;
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) return kUsage;
+    return equal ? kSuccess : kFailure;
 }
 
 }  // namespace
@@ -100,9 +102,7 @@ void addDiffCommand(CLI::App& app, ExitStatus& status) {
     CLI::App* command = app.add_subcommand("diff", "Compares what two files load, field by field");
     auto options = std::make_shared<DiffOptions>();
     addPartOption(*command, options->part);
-    command->add_option("--format", options->format, "Form of the report")
-        ->check(CLI::IsMember({"text", "json"}))
-        ->capture_default_str();
+    addFormatOption(*command, options->format);
     command->add_option("A", options->from, "Tuning file; - is standard input")->required();
     command->add_option("B", options->to, "Tuning file to compare it with")->required();
     command->footer("Exit status: 0 the same, 1 different, 2 trouble.");

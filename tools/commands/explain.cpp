@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "commands/commands.h"
-#include "commands/part_option.h"
+#include "commands/options.h"
 #include "model/modules.h"
-#include "report/json_writer.h"
+#include "report/records.h"
 #include "text/terminal.h"
 #include "text/words.h"
 
@@ -14,20 +14,13 @@ namespace {
 
 struct ExplainOptions {
     Part part = nullptr;
+    std::string format = "text";
     std::string file;
 };
 
-// Every mask under a root, once.
-std::string masksOf(const EboLoad& load, const Tuning& tuning) {
+std::string masksText(const EboLoad& load, const Tuning& tuning) {
     std::string text;
-    for (const SectionPlace& place : sectionPlaces()) {
-        const int32_t* mask = place.maskOf(tuning);
-        if (place.load != &load || mask == nullptr || load.maskless != 0) continue;
-        const bool lone = tuning.capture && (tuning.capture->aec == nullptr || tuning.capture->bf == nullptr);
-        if (lone && mask == &tuning.capture->model_en) continue;  // who loads one component gets no root
-        const std::string shown = "  " + place.mask + " " + hexText(*mask);
-        if (text.find(shown) == std::string::npos) text += shown;
-    }
+    for (const MaskValue& mask : masksOf(load, tuning)) text += "  " + mask.name + " " + hexText(mask.bits);
     return text;
 }
 
@@ -40,8 +33,7 @@ std::string askedText(const std::string& asked) {
 }
 
 std::string bitText(const ModuleRow& row) {
-    if (row.place->load->maskless != 0) return "none";
-    return hexText(row.place->bit) + (row.enabled ? " set" : " clear");
+    return row.masked ? hexText(row.place->bit) + (row.enabled ? " set" : " clear") : "none";
 }
 
 std::string linesText(const ModuleRow& row) {
@@ -51,38 +43,40 @@ std::string linesText(const ModuleRow& row) {
 
 void printRow(const ModuleRow& row) {
     const std::string module = padded(row.place->section->name, 8);
-    const bool masked = row.place->load->maskless == 0;
-    const bool effective = row.enabled && masked;
-    const bool lost = !row.place->record.empty() && !row.recorded && !row.place->leavesNoRecordWhenDisabled();
-    std::string result = effective ? "enabled" : "disabled";
-    if (lost) result = "missing";
-    if (!masked) result = "loaded";
     const std::string record = row.place->record.empty() ? "-" : row.recorded ? row.place->record : "none";
     std::printf("%s  %s  %s  %s  %s  %s\n", styled(Style::Bold, module).c_str(),
-                padded(askedText(row.asked), 10).c_str(),
-                styled(effective ? Style::Green : Style::Faint, padded(result, 9)).c_str(),
+                padded(row.stated ? askedText(row.asked) : "-", 10).c_str(),
+                styled(row.enabled ? Style::Green : Style::Faint, padded(effectOf(row), 9)).c_str(),
                 padded(bitText(row), 13).c_str(), padded(record, 16).c_str(), linesText(row).c_str());
     for (const std::string& why : row.why) std::fputs(wrapped(why, 10, columns()).c_str(), stdout);
 }
 
-ExitStatus run(const ExplainOptions& options) {
-    const Load load = loadTuning(options.file, options.part);
-    if (!load.loaded) {
-        std::fprintf(stderr, "eboconf: %s\n", whyNotLoaded(load, options.file).c_str());
-        return kNotLoaded;
-    }
+void printText(const Load& load) {
     const EboLoad* shown = nullptr;
     for (const ModuleRow& row : moduleRows(load)) {
         if (row.place->load != shown) {
             if (shown != nullptr) std::putchar('\n');
             shown = row.place->load;
             std::printf("%s%s\n%-8s  %-10s  %-9s  %-13s  %-16s  %s\n",
-                        styled(Style::Bold, shown->root).c_str(), masksOf(*shown, load.tuning).c_str(),
+                        styled(Style::Bold, shown->root).c_str(), masksText(*shown, load.tuning).c_str(),
                         "MODULE", "ASKED", "EFFECTIVE", "BIT", "RECORD", "DUMP");
         }
         printRow(row);
     }
-    return kLoaded;
+}
+
+ExitStatus run(const ExplainOptions& options) {
+    const Load load = loadTuning(options.file, options.part);
+    if (!load.loaded) {
+        complain(whyNotLoaded(load, options.file));
+        return kFailure;
+    }
+    if (options.format == "json") {
+        std::fputs(modulesJson(options.file, load).c_str(), stdout);
+    } else {
+        printText(load);
+    }
+    return kSuccess;
 }
 
 }  // namespace
@@ -92,6 +86,7 @@ void addExplainCommand(CLI::App& app, ExitStatus& status) {
         app.add_subcommand("explain", "Shows what a file asks of each module and what becomes of it");
     auto options = std::make_shared<ExplainOptions>();
     addPartOption(*command, options->part);
+    addFormatOption(*command, options->format);
     command->add_option("FILE", options->file, "Tuning file; - is standard input")->required();
     command->callback([options, &status] { status = run(*options); });
 }

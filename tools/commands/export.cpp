@@ -4,7 +4,7 @@
 #include <string>
 
 #include "commands/commands.h"
-#include "commands/part_option.h"
+#include "commands/options.h"
 #include "report/export.h"
 
 namespace {
@@ -15,26 +15,31 @@ struct ExportOptions {
     std::string file;
 };
 
-ExitStatus print(const Tuning& tuning) {
-    const Export result = exportText(tuning);
+ExitStatus printDefaults() {
+    const Export result = exportText(defaultTuning());
     std::fputs(result.text.c_str(), stdout);
-    for (const std::string& loss : result.losses) std::fprintf(stderr, "eboconf: %s\n", loss.c_str());
-    return kLoaded;
+    for (const std::string& loss : result.losses) complain(loss);
+    return kSuccess;
 }
 
 ExitStatus run(const ExportOptions& options) {
-    if (options.defaults) return print(defaultTuning());
-    const Load load = loadTuning(options.file, options.part);
-    if (load.loaded) return print(load.tuning);
-    std::fprintf(stderr, "eboconf: %s\n", whyNotLoaded(load, options.file).c_str());
-    return kNotLoaded;
+    if (options.defaults) return printDefaults();
+    const Load load = loadTuning(options.file, options.part, FileText::Kept);
+    const FileExport result = load.loaded ? exportFile(load, options.part, options.file)
+                                          : FileExport{"", whyNotLoaded(load, options.file)};
+    if (!result.refusal.empty()) {
+        complain(result.refusal);
+        return kFailure;
+    }
+    std::fwrite(result.text.data(), 1, result.text.size(), stdout);
+    return kSuccess;
 }
 
 }  // namespace
 
 void addExportCommand(CLI::App& app, ExitStatus& status) {
     CLI::App* command =
-        app.add_subcommand("export", "Writes what a file loads back as a complete, canonical tuning file");
+        app.add_subcommand("export", "Writes a file anew, complete and canonical: it loads the same");
     auto options = std::make_shared<ExportOptions>();
     CLI::Option* part = addPartOption(*command, options->part);
     CLI::Option* file = command->add_option("FILE", options->file, "Tuning file; - is standard input");

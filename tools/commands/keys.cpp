@@ -36,7 +36,7 @@ ExitStatus run(const KeysOptions& options) {
             return kUsage;
         }
         std::fputs((format == "markdown" ? keysMarkdown() : keysDictionary()).c_str(), stdout);
-        return kLoaded;
+        return kSuccess;
     }
     const KeyHits hits = findKeys(options.name);
     if (hits.list.empty()) {
@@ -48,7 +48,7 @@ ExitStatus run(const KeysOptions& options) {
                              : format == "names" ? keysNames(hits)
                                                  : keysText(hits, columns());
     std::fputs(text.c_str(), stdout);
-    return kLoaded;
+    return kSuccess;
 }
 
 }  // namespace

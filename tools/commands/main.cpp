@@ -1,10 +1,19 @@
 // eboconf: reads and prints tuning files at the desk.
+#include <unistd.h>
+
 #include <algorithm>
 #include <cstdio>
+#include <cstring>
+#include <exception>
+#include <new>
 
 #include "commands/commands.h"
+#include "model/load_log.h"
+#include "text/words.h"
 
 namespace {
+
+ExitStatus g_failure = kFailure;  // of what ends before it has an answer
 
 bool isCommand(const CLI::App& app, const char* name) {
     const auto named =
@@ -13,7 +22,7 @@ bool isCommand(const CLI::App& app, const char* name) {
 }
 
 ExitStatus run(int argc, char** argv) {
-    ExitStatus status = kLoaded;
+    ExitStatus status = kSuccess;
     CLI::App app("Reads and prints the tuning files of the voice pipeline.", "eboconf");
     app.set_version_flag("--version", "eboconf " EBO_VERSION);
     app.require_subcommand(1);
@@ -37,19 +46,42 @@ ExitStatus run(int argc, char** argv) {
                          argv[1]);
             return kUsage;
         }
-        return app.exit(error) == 0 ? kLoaded : kUsage;
+        return app.exit(error) == 0 ? kSuccess : kUsage;
     }
     return status;
 }
 
+// Called when nothing may be allocated.
+void endWithoutMemory() {
+    std::fputs("eboconf: out of memory\n", stderr);
+    _exit(g_failure);
+}
+
+ExitStatus runGuarded(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        endWithoutMemory();
+    } catch (const std::exception& failure) {
+        complain(failure.what());
+    }
+    return g_failure;
+}
+
 }  // namespace
 
+void complain(const std::string& sentence) {
+    std::fprintf(stderr, "eboconf: %s\n", printable(sentence).c_str());
+}
+
 int main(int argc, char** argv) {
-    const ExitStatus status = run(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "diff") == 0) g_failure = kUsage;  // whose 1 is an answer
+    beforeAssertion(endWithoutMemory);
+    const ExitStatus status = runGuarded(argc, argv);
     // What was written early may have failed early.
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
         std::perror("eboconf: standard output");
-        return std::max(status, kNotLoaded);
+        return std::max(status, g_failure);
     }
     return status;
 }

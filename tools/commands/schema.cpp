@@ -12,6 +12,6 @@ void addSchemaCommand(CLI::App& app, ExitStatus& status) {
         "Exit status: 0 printed, 2 wrong usage.");
     command->callback([&status] {
         std::fputs(schemaText().c_str(), stdout);
-        status = kLoaded;
+        status = kSuccess;
     });
 }

@@ -18,7 +18,7 @@ public:
 
     void compare() {
         const bool enabled = isEnabled(place_, from_);
-        const bool masked = place_.load->maskless == 0;
+        const bool masked = place_.load->maskless == 0 && place_.maskOf(from_) != nullptr;
         if (masked && enabled != isEnabled(place_, to_))
             add(out_.switches, "", onOff(enabled), onOff(!enabled));
         const void* from = place_.recordOf(from_);
@@ -120,10 +120,7 @@ Differences differencesOf(const Tuning& from, const Tuning& to) {
     comparePart(kEboLoads[kEboAoLoad], from.playback != nullptr, to.playback != nullptr, out);
     comparePart(kEboLoads[kEboAgcLoad], from.gain != nullptr, to.gain != nullptr, out);
     for (const SectionPlace& place : sectionPlaces()) {
-        const bool both = place.load->maskless != 0
-                              ? from.gain && to.gain
-                              : place.maskOf(from) != nullptr && place.maskOf(to) != nullptr;
-        if (both) SectionPair(place, from, to, out).compare();
+        if (place.isIn(from) && place.isIn(to)) SectionPair(place, from, to, out).compare();
     }
     return out;
 }

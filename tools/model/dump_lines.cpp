@@ -4,13 +4,11 @@
 
 #include <cstdio>
 
+#include "model/load_log.h"
+
 DumpLines dumpLines(const std::function<void()>& dump) {
     DumpLines lines;
-    ka_install_log_sink([](const KaLogMessage& message,
-                           void* user) { static_cast<DumpLines*>(user)->emplace_back(message.text); },
-                        &lines);
-    dump();
-    ka_remove_log_sink();
+    withLog(dump, [&lines](const KaLogMessage& message) { lines.emplace_back(message.text); });
     return lines;
 }
 

@@ -4,7 +4,7 @@
 
 namespace {
 
-// The lines of `all` that `fewer` lacks, given that they stand together and behind the first `head` lines, which show
+// The lines of `all` that `fewer` lacks, given that they stand together and after the first `head` lines, which show
 // the mask and so differ as well.
 DumpLines block(const DumpLines& all, const DumpLines& fewer, size_t head) {
     const auto skip = static_cast<std::ptrdiff_t>(head);
@@ -55,4 +55,19 @@ DumpLines linesOfSection(const SectionPlace& place, const Tuning& tuning) {
         if (row->kind == EboKeyKind::MaskBit) bit = bitOf(*row);
     }
     return linesOfBit<kBfMask, dumpEboBeamFormConfig>(ebo.bf, bit);
+}
+
+DumpLines linesOfLoad(const EboLoad& load, const Tuning& tuning) {
+    if (load.maskless != 0) {
+        EboBeamFormParam bf = {};
+        bf.model_en = EBO_BF_AGC;
+        bf.agc = tuning.gain.get();
+        const DumpLines lines = dumpLines([&bf] { dumpEboBeamFormConfig(&bf); });
+        return {std::find(lines.begin(), lines.end(), "agc:"), lines.end() - 1};
+    }
+    return dumpLines([&] {
+        if (load.playback != 0) return dumpEboAoConfig(tuning.playback->rx);
+        if (tuning.capture->aec != nullptr) dumpEboAecConfig(tuning.capture->aec);
+        if (tuning.capture->bf != nullptr) dumpEboBeamFormConfig(tuning.capture->bf);
+    });
 }

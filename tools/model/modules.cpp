@@ -18,12 +18,14 @@ public:
     ModuleRow run() {
         const DumpLines lines = linesOfSection(place_, load_.tuning);
         row_.place = &place_;
+        row_.masked = place_.load->maskless == 0 && place_.maskOf(load_.tuning) != nullptr;
         row_.enabled = isEnabled(place_, load_.tuning);
         row_.recorded = place_.recordOf(load_.tuning) != nullptr;
         row_.lines = lines.size();
         if (!lines.empty()) row_.heading = lines.front();
         const char* status = nullptr;
-        row_.asked = keys_.findCString("status", &status) ? status : "-";
+        row_.stated = keys_.findCString("status", &status);
+        if (row_.stated) row_.asked = status;
         explainStatus(status);
         for (const EboKeyRow* key : keysOf(*place_.section)) {
             if (key->kind == EboKeyKind::ChannelMap) explainMap(*key);
@@ -46,7 +48,8 @@ private:
             for (size_t i = 0; i < place_.section->rowCount; ++i) {
                 const EboKeyRow& row = place_.section->rows[i];
                 const char* missing = missingMessage(row);
-                if (missing != nullptr && message.line == row.line && message.format == missing)
+                if (missing != nullptr && message.line == row.line && message.format == missing &&
+                    message.function == place_.section->function)
                     return message.text;
             }
         }
@@ -63,11 +66,21 @@ private:
             say("not loaded: " + complaint());
             return;
         }
-        if (row_.enabled || status == nullptr || place_.load->maskless != 0) return;
+        if (place_.load->maskless != 0) {
+            say("the status has no effect: who loads this part keeps no mask, and no dump prints it");
+        } else if (!row_.masked) {
+            say("the status has no effect: who loads this part gets no mask with its bit");
+        } else if (!row_.enabled && status != nullptr) {
+            explainDisabled(status);
+        }
+    }
+
+    void explainDisabled(const char* status) {
         if (util_strcasecmp(status, "disable") != 0 && !place_.leavesNoRecordWhenDisabled()) {
             say(quoted(status) + " is not \"enable\": disabled");
         }
-        if (!place_.required) return;
+        const EboLoad& load = *load_.of(place_.root);
+        if (!eboMustLoad(load, *place_.section)) return;
         if (!place_.readWhenDisabled() || place_.section->rowCount == 1) {
             say("still mandatory: without the section the whole load fails");
         } else {
@@ -112,8 +125,6 @@ private:
     }
 
     void explainFixedFields() {
-        if (place_.load->maskless != 0)
-            say("the status has no effect: who loads this part keeps no mask, and no dump prints it");
         std::string fixed;
         for (const EboKeyRow* field : fieldsWithoutKey(*place_.section)) {
             if (field->text == nullptr) continue;
@@ -153,7 +164,7 @@ private:
                                        [](const EboKeyRow* key) { return key->kind == EboKeyKind::MaskBit; });
         if (place_.load->maskless != 0 || byKey) return;
         const bool head = place_.isContainer();
-        if (head && !row_.enabled) say("the dump prints its lines whatever the status");
+        if (head && row_.masked && !row_.enabled) say("the dump prints its lines whatever the status");
         if (head) return;
         const bool usual = row_.heading == std::string(place_.section->name) + ":";
         if (row_.lines > 0 && !usual) say("the dump heads its lines " + quoted(row_.heading));
@@ -169,13 +180,29 @@ private:
 
 }  // namespace
 
+const char* effectOf(const ModuleRow& row) {
+    const bool lost = !row.place->record.empty() && !row.recorded && !row.place->leavesNoRecordWhenDisabled();
+    if (!row.masked) return "loaded";
+    if (lost) return "missing";
+    return row.enabled ? "enabled" : "disabled";
+}
+
+std::vector<MaskValue> masksOf(const EboLoad& load, const Tuning& tuning) {
+    std::vector<MaskValue> masks;
+    for (const SectionPlace& place : sectionPlaces()) {
+        const int32_t* const mask = place.maskOf(tuning);
+        if (std::strcmp(place.root, load.root) != 0 || mask == nullptr || load.maskless != 0) continue;
+        const bool seen = std::any_of(masks.begin(), masks.end(),
+                                      [&](const MaskValue& other) { return other.name == place.mask; });
+        if (!seen) masks.push_back({place.mask, *mask});
+    }
+    return masks;
+}
+
 std::vector<ModuleRow> moduleRows(const Load& load) {
     std::vector<ModuleRow> rows;
     for (const SectionPlace& place : sectionPlaces()) {
-        const bool there = place.isContainer() || place.load->maskless != 0
-                               ? place.recordOf(load.tuning) != nullptr
-                               : place.maskOf(load.tuning) != nullptr;
-        if (there) rows.push_back(RowMaker(load, place).run());
+        if (place.isIn(load.tuning)) rows.push_back(RowMaker(load, place).run());
     }
     return rows;
 }

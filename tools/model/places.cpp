@@ -66,12 +66,16 @@ int32_t* SectionPlace::maskOf(const Tuning& tuning) const {
     KAEboParam& ebo = *tuning.capture;
     switch (section->container) {
         case EboContainer::Root:
-            return &ebo.model_en;
+            return ebo.aec != nullptr && ebo.bf != nullptr ? &ebo.model_en : nullptr;
         case EboContainer::EchoCanceller:
             return ebo.aec != nullptr ? &ebo.aec->model_aec_en : nullptr;
         default:
             return ebo.bf != nullptr ? &ebo.bf->model_en : nullptr;
     }
+}
+
+bool SectionPlace::isIn(const Tuning& tuning) const {
+    return isContainer() || load->maskless != 0 ? recordOf(tuning) != nullptr : maskOf(tuning) != nullptr;
 }
 
 const std::vector<const EboLoad*>& rootLoads() {

@@ -17,10 +17,14 @@ struct SectionPlace {
     std::string record;  // type of the record; empty: the section fills none
     std::string mask;    // the enable mask that shows whether the section is enabled
     int32_t bit;         // in that mask
-    bool required;       // the load fails without the section
+    bool required;       // the load of the whole root fails without the section
 
-    void* recordOf(const Tuning& tuning) const;   // null without one
-    int32_t* maskOf(const Tuning& tuning) const;  // null without one
+    void* recordOf(const Tuning& tuning) const;  // null without one
+    // Null without one, and of a mask that nobody gets: the root's, when a component alone is loaded.
+    int32_t* maskOf(const Tuning& tuning) const;
+    // Whether `tuning` has what the section belongs to: its own record when that is a container, otherwise the record
+    // that it hangs on.
+    bool isIn(const Tuning& tuning) const;
     // Its keys are read, and required, whatever its status.
     bool readWhenDisabled() const { return section->whenDisabled == EboDisabled::IsRead; }
     // A record of its own hangs on every file that loads: not of a switch, nor of a disabled "delay".

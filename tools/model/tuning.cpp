@@ -5,16 +5,25 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 #include "model/places.h"
 #include "model/spool.h"
+#include "model/values.h"
 
 namespace {
 
 constexpr char kAuto[] = "auto";
 
-KAEboParam* newRoot() {
-    return static_cast<KAEboParam*>(ka_mem_malloc(sizeof(KAEboParam), __func__));
+template <typename Record>
+Record* notNull(Record* record) {
+    if (record == nullptr) throw std::bad_alloc();
+    return record;
+}
+
+template <typename Record>
+Record* newRecord() {
+    return notNull(static_cast<Record*>(ka_mem_malloc(sizeof(Record), __func__)));
 }
 
 bool hasRoot(const KAJsonParser& document, const char* root) {
@@ -58,16 +67,16 @@ bool takeChannels(Load& result, const EboLoad& load) {
 }
 
 bool readCapture(Load& result, const EboLoad& load) {
-    result.tuning.capture.reset(newRoot());
+    result.tuning.capture.reset(newRecord<KAEboParam>());
     return takeChannels(result, load) &&
            eboReadSections(load, result.document.get(), result.tuning.capture.get());
 }
 
 bool readPlayback(Load& result, const EboLoad& load) {
-    result.tuning.playback.reset(newRoot());
+    result.tuning.playback.reset(newRecord<KAEboParam>());
     KAEboParam& root = *result.tuning.playback;
     root.model_en = EBO_PATH_RX;
-    root.rx = static_cast<EboRxParam*>(ka_mem_malloc(sizeof(EboRxParam), __func__));
+    root.rx = newRecord<EboRxParam>();
     return eboReadSections(load, result.document.get(), &root);
 }
 
@@ -81,10 +90,29 @@ bool readGain(Load& result, const EboLoad& load) {
     return read;
 }
 
+// A word that could not be copied is null, like none.
+void expectWords(const Load& result, const EboLoad& load) {
+    for (const SectionPlace& place : sectionPlaces()) {
+        const void* const record = place.recordOf(result.tuning);
+        if (std::strcmp(place.root, load.root) != 0 || record == nullptr || !isEnabled(place, result.tuning))
+            continue;
+        KaMetaData keys;
+        result.document->getOptions(load.root, place.section->name, &keys);
+        for (const EboKeyRow* row : keysOf(*place.section)) {
+            const char* word = nullptr;
+            if (row->kind == EboKeyKind::Word && keys.findCString(row->key, &word) && word[0] != '\0' &&
+                wordText(record, *row).empty())
+                throw std::bad_alloc();
+        }
+    }
+}
+
 bool read(Load& result, const EboLoad& load) {
     result.loads.push_back(&load);
     if (load.maskless != 0) return readGain(result, load);
-    return load.playback != 0 ? readPlayback(result, load) : readCapture(result, load);
+    if (!(load.playback != 0 ? readPlayback(result, load) : readCapture(result, load))) return false;
+    expectWords(result, load);
+    return true;
 }
 
 }  // namespace
@@ -120,27 +148,47 @@ std::vector<const EboLoad*> loadsOf(Part part, const KAJsonParser& document) {
 
 Tuning defaultTuning() {
     Tuning tuning;
-    tuning.capture.reset(createEboConfigs());
+    messagesOf([&tuning] { tuning.capture.reset(notNull(createEboConfigs())); });
+    const EboBeamFormParam& bf = *tuning.capture->bf;
+    for (const void* made :
+         std::initializer_list<const void*>{bf.agc, bf.anr, bf.nlp, bf.dereverb, bf.cng, bf.dtd, bf.aes}) {
+        notNull(made);
+    }
     tuning.channels = 8;
-    tuning.playback.reset(newRoot());
+    tuning.playback.reset(newRecord<KAEboParam>());
     tuning.playback->model_en = EBO_PATH_RX;
-    tuning.playback->rx = createEboRxconfig();
-    tuning.gain.reset(createEboAgcConfig());
+    tuning.playback->rx = notNull(createEboRxconfig());
+    notNull(tuning.playback->rx->anr);
+    tuning.gain.reset(notNull(createEboAgcConfig()));
     tuning.gainMask = tuning.capture->bf->model_en & EBO_BF_AGC;
     return tuning;
 }
 
-Load loadTuning(const std::string& file, Part part) {
-    const SpooledFile spooled(file);
+const EboLoad* Load::of(const char* root) const {
+    for (const EboLoad* load : loads) {
+        if (std::strcmp(load->root, root) == 0) return load;
+    }
+    return nullptr;
+}
+
+Load loadTuning(const std::string& file, Part part, FileText text) {
+    const bool kept = text == FileText::Kept;
+    const SpooledFile spooled(file, kept ? SpooledFile::Copy::Always : SpooledFile::Copy::WhenNeeded);
     Load result;
     result.document = std::make_unique<KAJsonParser>();
     result.messages = messagesOf([&] {
+        if (!spooled.error().empty())
+            return ka_err(0, 2, "eboconf", "%s", __func__, __LINE__, spooled.error().c_str());
         if (result.document->parseFile(spooled.path().c_str()) == 0) return;
         const std::vector<const EboLoad*> loads = loadsOf(part, *result.document);
         result.loaded = std::all_of(loads.begin(), loads.end(),
                                     [&result](const EboLoad* load) { return read(result, *load); });
     });
-    for (LogMessage& message : result.messages) message.text = spooled.named(message.text);
+    for (LogMessage& message : result.messages) {
+        message.text = spooled.named(message.text);
+        message.logged = spooled.named(message.logged);
+    }
+    if (kept) result.text = spooled.text();
     if (!result.loaded) result.tuning = Tuning();
     return result;
 }

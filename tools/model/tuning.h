@@ -44,11 +44,17 @@ struct Load {
     std::vector<const EboLoad*> loads;  // in order, up to the first that failed; none when it is not JSON
     std::vector<LogMessage> messages;   // of the framework and of the section readers, in order
     std::unique_ptr<KAJsonParser> document;  // open as long as this object when the file is JSON
+    std::string text;                        // of the file, when it was to be kept
+
+    // The one of `loads` that reads this root object; null without one.
+    const EboLoad* of(const char* root) const;
 };
+
+enum class FileText { NotKept, Kept };
 
 // `file` may be a pipe, or "-" for standard input. Runs the section readers in the loaders' order; without
 // the loaders' abort on a channel map that is too long, which counts as not loaded here.
-Load loadTuning(const std::string& file, Part part);
+Load loadTuning(const std::string& file, Part part, FileText text = FileText::NotKept);
 
 // Why `load` has failed, in the words of the log, one line; empty when it has not.
 std::string whyNotLoaded(const Load& load, const std::string& file);

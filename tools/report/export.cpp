@@ -17,7 +17,7 @@ public:
         json_.beginObject();
         const char* root = nullptr;
         for (const SectionPlace& place : sectionPlaces()) {
-            if (!isPart(place)) continue;
+            if (!place.isIn(tuning_) && !(place.isContainer() && tuning_.capture)) continue;
             if (root != place.root) {
                 if (root != nullptr) json_.endObject();
                 root = place.root;
@@ -31,12 +31,6 @@ public:
     }
 
 private:
-    // Whether the section's container is there at all.
-    bool isPart(const SectionPlace& place) const {
-        if (place.load->maskless != 0) return tuning_.gain != nullptr;
-        return place.maskOf(tuning_) != nullptr;
-    }
-
     void lose(const std::string& sentence) { losses_.push_back(sentence); }
 
     // A whole file loads only with all of its required sections; single components are lenient.

@@ -1,5 +1,5 @@
 // Writes JSON, two blanks per level, with numbers as they are to be read: what a file states, or the fewest digits of a
-// float.
+// float. Always UTF-8: what is none in a text becomes U+FFFD.
 #pragma once
 
 #include <memory>
@@ -20,6 +20,10 @@ public:
     JsonWriter& null();
     // A number as it is to be written.
     JsonWriter& number(const std::string& digits);
+    // The same, but what JSON has no number for ("inf", "-nan") as a text.
+    JsonWriter& numberOrText(const std::string& digits);
+    // A value that is JSON already.
+    JsonWriter& json(const std::string& value);
 
     // The whole document with a line break at its end.
     std::string document() const;

@@ -35,6 +35,7 @@ std::string styled(Style style, const std::string& text) {
 
 std::string wrapped(const std::string& text, size_t indent, size_t width) {
     std::istringstream words(text);
+    words.exceptions(std::ios::badbit);  // which is all that a stream says of failing memory
     std::string result;
     size_t column = 0;
     for (std::string word; words >> word;) {

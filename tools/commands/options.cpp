@@ -1,4 +1,4 @@
-#include "commands/part_option.h"
+#include "commands/options.h"
 
 CLI::Option* addPartOption(CLI::App& command, Part& part) {
     return command
@@ -7,4 +7,10 @@ CLI::Option* addPartOption(CLI::App& command, Part& part) {
             "Loader to use; auto: for every root object that the file has, the one that reads all of it")
         ->check(CLI::IsMember(partNames()))
         ->default_str(partNames().front());
+}
+
+void addFormatOption(CLI::App& command, std::string& format) {
+    command.add_option("--format", format, "Form of the report")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->capture_default_str();
 }

@@ -1,4 +1,4 @@
-// The option --part of the subcommands that load a file.
+// Options that several subcommands have.
 #pragma once
 
 #include <CLI/CLI.hpp>
@@ -7,3 +7,6 @@
 
 // auto, or the name of a load. Stores the choice in `part`, which must outlive the parsing.
 CLI::Option* addPartOption(CLI::App& command, Part& part);
+
+// text or json. Stores the choice in `format`, which must outlive the parsing.
+void addFormatOption(CLI::App& command, std::string& format);
