@@ -8,6 +8,7 @@
 #include "model/modules.h"
 #include "report/records.h"
 #include "text/terminal.h"
+#include "text/width.h"
 #include "text/words.h"
 
 namespace {
@@ -29,7 +30,7 @@ std::string askedText(const std::string& asked) {
     constexpr size_t kWidth = 10;
     const bool plain = std::all_of(asked.begin(), asked.end(), [](char c) { return c > ' ' && c < 0x7f; });
     const std::string text = plain && !asked.empty() ? asked : ::quoted(asked);
-    return text.size() <= kWidth ? text : text.substr(0, kWidth - 3) + "...";
+    return shortened(text, kWidth);
 }
 
 std::string bitText(const ModuleRow& row) {

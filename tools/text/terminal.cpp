@@ -8,7 +8,7 @@
 #include <cstring>
 #include <sstream>
 
-#include "text/utf8.h"
+#include "text/width.h"
 
 bool colours() {
     static const bool wanted = [] {
@@ -50,6 +50,6 @@ std::string wrapped(const std::string& text, size_t indent, size_t width) {
 }
 
 std::string padded(const std::string& text, size_t width) {
-    const size_t letters = countCharacters(text);
-    return letters < width ? text + std::string(width - letters, ' ') : text;
+    const size_t columnsTaken = widthOf(text);
+    return columnsTaken < width ? text + std::string(width - columnsTaken, ' ') : text;
 }

@@ -17,5 +17,5 @@ std::string styled(Style style, const std::string& text);
 // break.
 std::string wrapped(const std::string& text, size_t indent, size_t width);
 
-// `text` filled up with blanks to `width` letters; UTF-8.
+// `text` filled up with blanks to `width` columns; UTF-8.
 std::string padded(const std::string& text, size_t width);

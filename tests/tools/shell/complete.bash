@@ -29,15 +29,15 @@ nothing() { expect "$1" && [[ $files == no ]] || { echo "'$1': files"; failed=1;
 expect 'eboconf ' dump defaults check diff explain export keys schema
 expect 'eboconf d' dump defaults diff
 expect 'eboconf --v' --version
-expect 'eboconf dump --' --help --part --verbose
+expect 'eboconf dump --' --help --part --format --verbose
 expect 'eboconf check --part ' auto full aec beamform ao agc
 expect 'eboconf check --part=' auto full aec beamform ao agc
 expect 'eboconf check --part=be' beamform
 expect 'eboconf check --part=be --form' --format
 expect 'eboconf check --part beam --format=s' sarif
 expect 'eboconf diff --format ' text json
-expect 'eboconf dump --part agc --' --help --verbose
-expect 'eboconf dump --part=agc --' --help --verbose
+expect 'eboconf dump --part agc --' --help --format --verbose
+expect 'eboconf dump --part=agc --' --help --format --verbose
 expect 'eboconf dump --verbose --p' --part
 expect 'eboconf dump keys --v' --verbose
 expect 'eboconf schema -' --help
