@@ -137,4 +137,23 @@ TEST(FileExport, OfAPartLeavesOutWhatOtherLoadsRead) {
     EXPECT_EQ(exported("{}", &kEboLoads[kEboAoLoad]).text, "{\n  \"ebo_ao_configs\": {}\n}\n");
 }
 
+// What a device takes for a key that is missing is written down, but not where it looks at no key.
+TEST(FileExport, SuppliesWhatAFileMayLack) {
+    const auto exportOf = [](const char* wakeup) {
+        const std::string text = R"({"ebo_configs": {"bf": {"status": "", "drop_ref_channel": 0, "targ": 1})";
+        return exported(text + wakeup + "}}", &kEboLoads[kEboBeamFormLoad]).text;
+    };
+    const char* const disabled = "    \"wakeup\": {\n      \"status\": \"disable\"\n    }\n";
+    EXPECT_THAT(exportOf(""), HasSubstr(disabled));
+    EXPECT_THAT(exportOf(R"(, "wakeup": {})"), HasSubstr(disabled));
+    EXPECT_THAT(exportOf(R"(, "wakeup": {"mode": 2, "status": "enable"})"), HasSubstr(R"(
+      "status": "enable",
+      "wakeup_frames": 180,
+      "wakeup_words": 0,
+      "mode": 2,
+      "model_word1": "",
+      "model_word2": ""
+)"));
+}
+
 }  // namespace
