@@ -13,7 +13,7 @@ namespace {
 
 const EboLoad& kWhole = kEboLoads[kEboFullLoad];
 
-TEST(Catalogue, BeginsWithTheSectionsOfAWholeFileInTheirOrder) {
+TEST(Places, BeginsWithTheSectionsOfAWholeFileInTheirOrder) {
     ASSERT_EQ(sectionPlaces().size(), kWhole.sectionCount + 3U);
     for (size_t i = 0; i < kWhole.sectionCount; ++i) {
         EXPECT_EQ(sectionPlaces()[i].section, kWhole.sections[i]);
@@ -23,7 +23,7 @@ TEST(Catalogue, BeginsWithTheSectionsOfAWholeFileInTheirOrder) {
 
 // Every byte of a record belongs to one field, but for padding before an aligned one and for pointers to
 // other records.
-TEST(Catalogue, CoversEveryRecordToTheByte) {
+TEST(Places, CoversEveryRecordToTheByte) {
     for (const SectionPlace& place : sectionPlaces()) {
         if (place.record.empty()) continue;
         std::vector<int> owners(place.section->recordSize, 0);
@@ -59,7 +59,7 @@ TEST(Catalogue, CoversEveryRecordToTheByte) {
     }
 }
 
-TEST(Catalogue, NamesSectionsOutsideOfTheCapturePathWithTheirRoot) {
+TEST(Places, NamesSectionsOutsideOfTheCapturePathWithTheirRoot) {
     std::set<std::string> names;
     for (const SectionPlace& place : sectionPlaces()) names.insert(nameOf(place));
     EXPECT_EQ(names.size(), sectionPlaces().size());
@@ -76,7 +76,7 @@ std::string fieldOf(const std::string& name) {
     return "no such key";
 }
 
-TEST(Catalogue, NamesTheFieldBehindAKey) {
+TEST(Places, NamesTheFieldBehindAKey) {
     EXPECT_EQ(fieldOf("agc.fRk0"), "fRk0");
     EXPECT_EQ(fieldOf("aec.mic_chn_map"), "Array_list");
     EXPECT_EQ(fieldOf("aes.LimitRatio_1"), "LimitRatio[1]");
@@ -115,10 +115,10 @@ TEST_P(SectionsOfAFile, AreRequiredAndReadAsTheCatalogueSays) {
     EXPECT_EQ(loadsWith(place, R"({"status": "disable"})"), !needsKeys) << place.section->name;
 }
 
-INSTANTIATE_TEST_SUITE_P(Catalogue, SectionsOfAFile, testing::Range<size_t>(0, kWhole.sectionCount),
+INSTANTIATE_TEST_SUITE_P(Places, SectionsOfAFile, testing::Range<size_t>(0, kWhole.sectionCount),
                          [](const auto& index) { return sectionPlaces()[index.param].section->name; });
 
-TEST(Catalogue, TellsWhetherASectionIsEnabled) {
+TEST(Places, TellsWhetherASectionIsEnabled) {
     const Load load = loadTuning(TUNINGS "/two-mic-speaker.json", nullptr);
     std::string disabled;
     for (const SectionPlace& place : sectionPlaces()) {
