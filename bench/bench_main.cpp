@@ -80,6 +80,18 @@ void registerEntry(const std::string& name, Load load, Destroy destroy) {
     timeLoad("entry/" + name + "/without", load, destroy);
 }
 
+// Opening a large text of one shape.
+void registerShape(const TuningFile& file) {
+    benchmark::AddCustomContext("size of " + file.name, std::to_string(file.size));
+    const std::string path = file.path;
+    benchmark::RegisterBenchmark(("shape/" + file.name).c_str(), [path](benchmark::State& state) {
+        for (auto _ : state) {
+            KAJsonParser parser;
+            if (parser.parseFile(path.c_str()) == 0) state.SkipWithError("cannot be opened");
+        }
+    });
+}
+
 // The records from a document that is open already.
 KAEboParam* extract(KAJsonParser* parser) {
     auto* ebo = static_cast<KAEboParam*>(ka_mem_malloc(sizeof(KAEboParam), __func__));
@@ -141,13 +153,17 @@ int main(int argc, char** argv) {
     if (mkdtemp(made.data()) == nullptr) fail("cannot make a folder like " + folder);
 
     std::vector<TuningFile> files = exampleFiles();
-    const size_t examples = files.size();
+    for (const TuningFile& file : writtenOtherwise(made)) files.push_back(file);
+    const size_t small = files.size();
     for (const size_t times : {10U, 100U, 1000U}) files.push_back(grownFile(made, times));
     for (const TuningFile& file : files) {
         check(file);
         benchmark::AddCustomContext("size of " + file.name, std::to_string(file.size));
     }
-    for (size_t i = 0; i < files.size(); ++i) registerLoads(files[i], i < examples);
+    for (size_t i = 0; i < files.size(); ++i) registerLoads(files[i], i < small);
+    for (const size_t size : {1000000U, 10000000U}) {
+        for (const TuningFile& file : shapes(made, size)) registerShape(file);
+    }
     registerSteps(files[0]);
 
     benchmark::Initialize(&argc, argv);

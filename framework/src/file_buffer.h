@@ -6,7 +6,8 @@
 
 constexpr size_t kMaxFileSize = size_t{64} << 20;
 
-// Zero bytes after the text: the scanner reads up to a vector register at once.
+// Zero bytes after the text: the scanner reads up to a vector register at once, and the JSON library goes by up to three
+// bytes beyond a text that ends within a character.
 constexpr size_t kFilePadding = 16;
 
 struct FileBuffer {

@@ -16,22 +16,30 @@ bool isSecondHalf(uint32_t unit) {
     return unit >> 10 == 0xDC00 >> 10;
 }
 
+bool isTail(unsigned char byte) {
+    return (byte & 0xC0) == 0x80;
+}
+
 // The first ASCII byte from `at` on; null when the bytes before it are not UTF-8 (RFC 3629).
-const char* skipUtf8(const char* at) {
+const char* skipUtf8(const char* text) {
+    const auto* at = reinterpret_cast<const unsigned char*>(text);
     for (;;) {
-        const auto lead = static_cast<unsigned char>(*at);
-        if (lead < 0x80) return at;
-        const int tail = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-        uint32_t code = lead & (0x3FU >> tail);
-        for (int i = 1; i <= tail; ++i) {
-            if ((at[i] & 0xC0) != 0x80) return nullptr;
-            code = code << 6 | (at[i] & 0x3FU);
-        }
+        const unsigned lead = at[0];
+        if (lead < 0x80) return reinterpret_cast<const char*>(at);
         // No character is written longer than need be, none is half a pair or beyond U+10FFFF.
-        static constexpr uint32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
-        if (lead < 0xC0 || lead > 0xF7 || code < kLeast[tail] || code > 0x10FFFF) return nullptr;
-        if (isFirstHalf(code) || isSecondHalf(code)) return nullptr;
-        at += tail + 1;
+        if (lead < 0xE0) {
+            if (lead < 0xC2 || !isTail(at[1])) return nullptr;
+            at += 2;
+        } else if (lead < 0xF0) {
+            const unsigned code = (lead & 0x0F) << 6 | (at[1] & 0x3FU);
+            if (!isTail(at[1]) || !isTail(at[2]) || code < 0x20 || code >> 5 == 0x1B) return nullptr;
+            at += 3;
+        } else {
+            const unsigned code = (lead & 0x0F) << 6 | (at[1] & 0x3FU);
+            if (!isTail(at[1]) || !isTail(at[2]) || !isTail(at[3]) || code < 0x10 || code > 0x10F)
+                return nullptr;
+            at += 4;
+        }
     }
 }
 

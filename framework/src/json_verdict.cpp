@@ -18,8 +18,6 @@ namespace {
 // enough for all of it, since the reader does not expect to be refused more.
 class ReaderMemory {
 public:
-    static constexpr bool kNeedFree = false;
-
     ReaderMemory() = default;
     explicit ReaderMemory(const FileBuffer& file) : size_(file.size + kSlack) {
         for (uint32_t i = 0; i < file.size; ++i) {

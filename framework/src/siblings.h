@@ -17,8 +17,8 @@ const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, cons
 
 // With a vector register a short name is compared at once. Nobody knows how long `name` is: the read may go beyond its
 // end, but stays within its page, and so never fails; what it reads there counts for nothing.
-[[gnu::no_sanitize("address")]] inline bool isCalled(const KaJsonEntry& entry, const char* name,
-                                                     const char* text) {
+__attribute__((no_sanitize("address"))) inline bool isCalled(const KaJsonEntry& entry, const char* name,
+                                                             const char* text) {
     const char* const own = text + entry.name;
 #ifdef __SSE2__
     constexpr uintptr_t kPage = 4096;

@@ -130,6 +130,7 @@ bool isTakenQuickly(std::string_view text) {
 std::string scanDifference(std::string_view text) {
     if (text.substr(0, 3) == "\xEF\xBB\xBF") return "";
     std::string decoded(text);
+    decoded.append(kFilePadding, '\0');
     rapidjson::InsituStringStream stream(decoded.data());
     Events events(decoded.data(), stream);
     rapidjson::Reader reader;
