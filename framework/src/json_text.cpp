@@ -1,13 +1,23 @@
 #include "json_text.h"
 
-#include <cstring>
-
 #include "plain_text.h"
 
 namespace {
 
-constexpr char kEscapes[] = "\"\\/bfnrt";
-constexpr char kEscaped[] = "\"\\/\b\f\n\r\t";
+// What a letter after a backslash stands for; NUL when it is none.
+char unescaped(char letter) {
+    // clang-format off
+    switch (letter) {
+        case 'b': return '\b';
+        case 'f': return '\f';
+        case 'n': return '\n';
+        case 'r': return '\r';
+        case 't': return '\t';
+        case '"': case '\\': case '/': return letter;
+        default: return '\0';
+    }
+    // clang-format on
+}
 
 bool isFirstHalf(uint32_t unit) {
     return unit >> 10 == 0xD800 >> 10;
@@ -80,7 +90,7 @@ const char* skipString(const char* at, bool* escapes) {
 }
 
 const char* skipEscape(const char* at) {
-    if (at[1] != 'u') return memchr(kEscapes, at[1], sizeof kEscapes - 1) ? at + 2 : nullptr;
+    if (at[1] != 'u') return unescaped(at[1]) != '\0' ? at + 2 : nullptr;
     const uint32_t unit = codeUnit(at + 2);
     if (unit > 0xFFFF || isSecondHalf(unit)) return nullptr;
     if (!isFirstHalf(unit)) return at + 6;
@@ -112,7 +122,7 @@ uint32_t decode(char* text, uint32_t length) {
         if (*from != '\\') {
             *to++ = *from++;
         } else if (from[1] != 'u') {
-            *to++ = kEscaped[strchr(kEscapes, from[1]) - kEscapes];
+            *to++ = unescaped(from[1]);
             from += 2;
         } else {
             uint32_t code = codeUnit(from + 2);
