@@ -5,8 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "check/names.h"
-#include "check/plan.h"
+#include "model/places.h"
 #include "text/words.h"
 
 namespace {

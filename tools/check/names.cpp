@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "check/plan.h"
 #include "model/places.h"
 #include "text/odd_characters.h"
 #include "text/utf8.h"
@@ -140,6 +139,22 @@ CheckNames::CheckNames(const CheckSource& source, CheckSource::Items items, std:
 const KaJsonItem* CheckNames::last(const std::string& name) const {
     const auto found = last_.find(name);
     return found == last_.end() ? nullptr : found->second;
+}
+
+CheckSource::Items CheckNames::rowsCountedFromOne(const std::string& first) const {
+    if (first.size() < 3 || first.compare(first.size() - 2, 2, "_0") != 0) return {};
+    const std::string stem = first.substr(0, first.size() - 1);
+    const auto wanted =
+        static_cast<size_t>(std::count_if(known_.begin(), known_.end(), [&stem](const std::string& name) {
+            return name.compare(0, stem.size(), stem) == 0;
+        }));
+    CheckSource::Items rows;
+    for (size_t i = 1; i <= wanted; ++i) {
+        const KaJsonItem* item = last(stem + std::to_string(i));
+        if (item == nullptr) return {};
+        rows.push_back(item);
+    }
+    return rows;
 }
 
 bool CheckNames::isKnown(std::string_view name) const {

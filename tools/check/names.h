@@ -31,6 +31,10 @@ public:
     // none. Whoever asks reports the slip: report() then says nothing more about that item.
     const KaJsonItem* takeSlip(const std::string& absent);
 
+    // The items "LimitRatio_1" up to "LimitRatio_3" where "LimitRatio_0", the `first`, up to "LimitRatio_2" are known;
+    // none when the rows are not counted like that.
+    CheckSource::Items rowsCountedFromOne(const std::string& first) const;
+
     // Something else was said about this item.
     void told(const KaJsonItem& item) { told_.insert(&item); }
 

@@ -39,20 +39,3 @@ std::vector<CheckPass> checkPlan(Part part, const std::vector<std::string>& root
     if (plan.empty()) plan.push_back(passOf(*rootLoads().front(), true, true));
     return plan;
 }
-
-const std::vector<std::string>& rootNames() {
-    static const std::vector<std::string> names = [] {
-        std::vector<std::string> all;
-        for (const EboLoad* load : rootLoads()) all.emplace_back(load->root);
-        return all;
-    }();
-    return names;
-}
-
-std::vector<std::string> sectionNames(const std::string& root) {
-    std::vector<std::string> names;
-    for (const SectionPlace& place : sectionPlaces()) {
-        if (place.root == root) names.emplace_back(place.section->name);
-    }
-    return names;
-}

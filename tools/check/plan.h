@@ -29,7 +29,3 @@ struct CheckPass {
 // The loads that `part` means for a file with these root objects; for the whole capture path the other roots too,
 // unchosen. Without a part every root that the file has, or misspells, is judged by the load of the whole of it.
 std::vector<CheckPass> checkPlan(Part part, const std::vector<std::string>& roots);
-
-// The names of the sections that any loader reads under this root; none for an unknown root.
-std::vector<std::string> sectionNames(const std::string& root);
-const std::vector<std::string>& rootNames();

@@ -152,11 +152,6 @@ void judgeCount(const RowSubject& subject, const Scan& scan) {
     }
 }
 
-bool isZeroAsWritten(std::string_view written) {
-    return written.substr(0, written.find_first_of("eE")).find_first_of("123456789") ==
-           std::string_view::npos;
-}
-
 void judgeNumber(const RowSubject& subject, const Number& number) {
     const std::string holds = quoted(subject.row.key) + " holds " + std::string(number.written);
     if (subject.row.kind == EboKeyKind::FloatRow) {

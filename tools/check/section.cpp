@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <optional>
 #include <vector>
 
 #include "check/names.h"
@@ -14,7 +13,6 @@
 #include "model/load_log.h"
 #include "model/places.h"
 #include "model/values.h"
-#include "text/odd_characters.h"
 #include "text/words.h"
 
 namespace {
@@ -23,21 +21,6 @@ namespace {
 std::string whoseMessage(const EboSection& section, const std::string& message) {
     if (message.find(' ' + std::string(section.name) + ' ') != std::string::npos) return {};
     return " (the message does not say so, but it is about " + quoted(section.name) + ")";
-}
-
-std::string helpWithStatus(std::string_view status) {
-    const std::optional<OddCharacter> odd = firstOddCharacter(status);
-    const bool hasBlanks = status.find_first_of(" \t\r\n") != std::string_view::npos;
-    const std::string which = odd         ? ", without " + nameOfCharacter(odd->code)
-                              : hasBlanks ? ", without blanks"
-                                          : std::string();
-    return "write \"enable\" or \"disable\"" + which;
-}
-
-// The stem of the name of a table's row: "LimitRatio_" of "LimitRatio_0"; empty of any other name, or number.
-std::string stemOfFirstRow(const std::string& key) {
-    return key.size() > 2 && key.compare(key.size() - 2, 2, "_0") == 0 ? key.substr(0, key.size() - 1)
-                                                                       : std::string();
 }
 
 // What a device does when the section fails with `message`.
@@ -156,9 +139,7 @@ private:
 
     void checkFloat(const EboKeyRow& row, float value) {
         const std::string_view written = CheckSource::value(*names_.last(row.key));
-        const bool zero = written.substr(0, written.find_first_of("eE")).find_first_of("123456789") ==
-                          std::string_view::npos;
-        if (std::isfinite(value) && (value != 0.0F || zero)) return;
+        if (std::isfinite(value) && (value != 0.0F || isZeroAsWritten(written))) return;
         report_.add({&kFloatRange, valueOf(row), "no float holds the value of " + quoted(row.key),
                      "stores " + floatText(value), "write a number that a float can hold"});
     }
@@ -208,7 +189,7 @@ private:
     void missing(const EboKeyRow& row) {
         const std::string text =
             "key " + quoted(row.key) + " is missing from section " + quoted(section_.name);
-        if (const std::vector<const KaJsonItem*> rows = rowsCountedFromOne(row.key); !rows.empty()) {
+        if (const CheckSource::Items rows = names_.rowsCountedFromOne(row.key); !rows.empty()) {
             countedFromOne(row, rows);
         } else if (const KaJsonItem* slip = names_.takeSlip(row.key)) {
             const std::string_view written = CheckSource::name(*slip);
@@ -224,37 +205,20 @@ private:
         }
     }
 
-    // The items "LimitRatio_1" up to "LimitRatio_3" where "LimitRatio_0" up to "LimitRatio_2" are wanted, and "_0" is
-    // missing; none when the rows are not counted like that.
-    std::vector<const KaJsonItem*> rowsCountedFromOne(const std::string& first) const {
-        const std::string stem = stemOfFirstRow(first);
-        std::vector<const KaJsonItem*> rows;
-        size_t wanted = 0;
-        for (const EboKeyRow* row : keysOf(section_)) {
-            wanted += !stem.empty() && std::string_view(row->key).substr(0, stem.size()) == stem ? 1 : 0;
-        }
-        for (size_t i = 1; i <= wanted; ++i) {
-            const KaJsonItem* item = names_.last(stem + std::to_string(i));
-            if (item == nullptr) return {};
-            rows.push_back(item);
-        }
-        return rows;
-    }
-
-    void countedFromOne(const EboKeyRow& row, const std::vector<const KaJsonItem*>& rows) {
-        const std::string stem = stemOfFirstRow(row.key);
+    void countedFromOne(const EboKeyRow& row, const CheckSource::Items& rows) {
+        const std::string key = row.key;
+        const std::string stem = key.substr(0, key.size() - 1);
         std::vector<TextEdit> edits;
         for (size_t i = 0; i < rows.size(); ++i)
             edits.push_back(source_.rename(*rows[i], stem + std::to_string(i)));
         std::sort(edits.begin(), edits.end(),
                   [](const TextEdit& a, const TextEdit& b) { return a.offset < b.offset; });
-        const std::string names =
-            quoted(stem + "0") + " to " + quoted(stem + std::to_string(rows.size() - 1));
         names_.told(*rows.back());
         fails(row,
               {&kMissingKey, &kKeyLeftOut, source_.nameOf(*rows.front()),
                "the rows of " + quoted(stem.substr(0, stem.size() - 1)) + " are counted from 1, not from 0",
-               "number them from " + names, edits});
+               "number them from " + quoted(key) + " to " + quoted(stem + std::to_string(rows.size() - 1)),
+               edits});
     }
 
     void fails(const EboKeyRow& row, const CheckAbsence& absence) {

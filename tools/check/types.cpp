@@ -2,8 +2,10 @@
 
 #include <charconv>
 #include <cmath>
+#include <optional>
 
 #include "model/kinds.h"
+#include "text/odd_characters.h"
 #include "text/words.h"
 
 namespace {
@@ -74,6 +76,15 @@ std::string typeOf(const KaJsonItem& item) {
 bool isIntegerBeyond32Bits(const EboKeyRow& row, const KaJsonItem& item) {
     return isInteger(row) && item.kind == KaJsonKind::kNumber &&
            CheckSource::value(item).find_first_of(".eE") == std::string_view::npos;
+}
+
+std::string helpWithStatus(std::string_view status) {
+    const std::optional<OddCharacter> odd = firstOddCharacter(status);
+    const bool hasBlanks = status.find_first_of(" \t\r\n") != std::string_view::npos;
+    const std::string which = odd         ? ", without " + nameOfCharacter(odd->code)
+                              : hasBlanks ? ", without blanks"
+                                          : std::string();
+    return "write \"enable\" or \"disable\"" + which;
 }
 
 std::string howToMend(const EboKeyRow& row, const KaJsonItem& item, std::string_view array) {

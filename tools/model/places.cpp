@@ -103,6 +103,23 @@ const std::vector<SectionPlace>& sectionPlaces() {
     return places;
 }
 
+const std::vector<std::string>& rootNames() {
+    static const std::vector<std::string> names = [] {
+        std::vector<std::string> all;
+        for (const EboLoad* load : rootLoads()) all.emplace_back(load->root);
+        return all;
+    }();
+    return names;
+}
+
+std::vector<std::string> sectionNames(const std::string& root) {
+    std::vector<std::string> names;
+    for (const SectionPlace& place : sectionPlaces()) {
+        if (place.root == root) names.emplace_back(place.section->name);
+    }
+    return names;
+}
+
 std::vector<const SectionPlace*> placesOf(const EboSection& section) {
     std::vector<const SectionPlace*> places;
     for (const SectionPlace& place : sectionPlaces()) {

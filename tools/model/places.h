@@ -39,6 +39,10 @@ const std::vector<const EboLoad*>& rootLoads();
 // All sections of "ebo_configs" in the order in which they are read, then those of the other two roots.
 const std::vector<SectionPlace>& sectionPlaces();
 
+// The names of the sections that any loader reads under this root; none for an unknown root.
+std::vector<std::string> sectionNames(const std::string& root);
+const std::vector<std::string>& rootNames();
+
 // All places of one section: "anr" stands under two roots.
 std::vector<const SectionPlace*> placesOf(const EboSection& section);
 

@@ -86,6 +86,10 @@ std::string hexText(int32_t bits) {
     return text;
 }
 
+bool isZeroAsWritten(std::string_view number) {
+    return number.substr(0, number.find_first_of("eE")).find_first_of("123456789") == std::string_view::npos;
+}
+
 std::string countOf(size_t count, const char* noun) {
     return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
 }

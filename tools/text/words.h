@@ -15,6 +15,9 @@ std::string printable(std::string_view text);
 // "0x1f"
 std::string hexText(int32_t bits);
 
+// Whether a decimal number is 0 as it is written, and not because it is too small to be stored.
+bool isZeroAsWritten(std::string_view number);
+
 // "3 numbers", "1 number"
 std::string countOf(size_t count, const char* noun);
 
