@@ -18,8 +18,9 @@ void report(const KaJsonDocument& document, const char* path) {
         ka_err(kChannel, kErrorLevel, kTag, "%s: %s: %s", "parseFile", __LINE__, path, document.error,
                strerror(document.error_errno));
     } else if (document.error_line != 0) {
-        ka_err(kChannel, kErrorLevel, kTag, "%s:%u:%u: %s", "parseFile", __LINE__, path, document.error_line,
-               document.error_column, document.error);
+        ka_err(kChannel, kErrorLevel, kTag, "%s:%u:%u: %s", "parseFile", __LINE__, path,
+               static_cast<unsigned>(document.error_line), static_cast<unsigned>(document.error_column),
+               document.error);
     } else {
         ka_err(kChannel, kErrorLevel, kTag, "%s: %s", "parseFile", __LINE__, path, document.error);
     }

@@ -1,0 +1,4 @@
+// What a program takes that does nothing.
+int main() {
+    return 0;
+}
