@@ -14,7 +14,7 @@ install(TARGETS ${libraries} EXPORT ebo_config_targets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT config
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT config_runtime NAMELINK_COMPONENT config)
 install(EXPORT ebo_config_targets NAMESPACE ebo:: DESTINATION ${cmake_dir} COMPONENT config)
-install(FILES config/ebo_config.h config/ebo_lifecycle.h config/ebo_params.h
+install(FILES config/ebo_config.h config/ebo_lifecycle.h config/ebo_params.h config/ebo_version.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config COMPONENT config)
 install(FILES config/parse/ebo_parse.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config/parse COMPONENT config)
 install(FILES config/dump/ebo_dump.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config/dump COMPONENT config)

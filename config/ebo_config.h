@@ -4,4 +4,5 @@
 #include "dump/ebo_dump.h"
 #include "ebo_lifecycle.h"
 #include "ebo_params.h"
+#include "ebo_version.h"
 #include "parse/ebo_parse.h"

@@ -1,7 +1,9 @@
-// Pins the layout of every record for 32-bit and 64-bit pointers: the engine is compiled against it.
+// Pins the layout of every record for 32-bit and 64-bit pointers, and its number: the engine is compiled against
+// it.
 #include <cstddef>
 
 #include "ebo_params.h"
+#include "ebo_version.h"
 
 namespace {
 
@@ -16,4 +18,29 @@ constexpr size_t forPointers(size_t bits32, size_t bits64) {
 
 #include "ebo_layout.inc"
 
+#undef SIZE
+#undef OFFSET
+
+// A number for all of that list.
+constexpr uint32_t mixed(uint32_t sum, uint32_t bits32, uint32_t bits64) {
+    return ((sum ^ bits32) * 16777619 ^ bits64) * 16777619;
+}
+constexpr uint32_t layoutSum() {
+    uint32_t sum = 2166136261;
+#define SIZE(Record, bits32, bits64) sum = mixed(sum, bits32, bits64)
+#define OFFSET(Record, field, bits32, bits64) sum = mixed(sum, bits32, bits64)
+#include "ebo_layout.inc"
+    return sum;
+}
+static_assert(EBO_LAYOUT == 1 && layoutSum() == 0x19BF6A0D,
+              "another layout: raise EBO_LAYOUT, and put its sum here");
+
 }  // namespace
+
+const char* eboVersion(void) {
+    return EBO_VERSION;
+}
+
+uint32_t eboLayout(void) {
+    return EBO_LAYOUT;
+}
