@@ -1,5 +1,6 @@
 #include "check/syntax/mends.h"
 
+#include <algorithm>
 #include <string>
 
 #include "check/syntax/scan.h"
@@ -253,6 +254,11 @@ SyntaxMend mendSyntax(std::string_view text, size_t offset) {
         const size_t end = text.find_last_not_of(" \t\r\n") + 1;
         return {"remove what comes after the last '}'", {{offset, end - offset, ""}}, true};
     }
-    if (isLetter(stop.here)) return {"put a comma between two values, and texts in double quotes", {}};
-    return {"put a comma between two values", {{stop.last + 1, 0, ","}}, true};
+    if (isLetter(stop.here)) {
+        const size_t end = std::min(text.find_first_of(" \t\r\n,}]", offset), text.size());
+        return {
+            "put a comma between two values, and texts in double quotes", {{offset, end - offset, ""}}, true};
+    }
+    if (isAnyOf(stop.before, "}]")) return {"put a comma between two values", {{stop.last + 1, 0, ","}}};
+    return {"remove it, or put a comma between two values", {{offset, 1, ""}}, true};
 }
