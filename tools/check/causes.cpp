@@ -69,9 +69,9 @@ private:
         if (hasSections) return;
         const size_t begin = outer.name_offset - 1;
         add(begin,
-            "root object " + quoted(CheckSource::name(**root)) + " is inside of " + quoted(name) +
+            "root object " + inQuotes(CheckSource::name(**root)) + " is inside of " + inQuotes(name) +
                 "; a device looks for it at the top level",
-            "remove " + quoted(name) + ": { and its '}'",
+            "remove " + inQuotes(name) + ": { and its '}'",
             {{begin, outer.value_offset + 1 - begin, ""}, {source_.endOf(outer) - 1, 1, ""}});
     }
 
@@ -91,10 +91,10 @@ private:
         if (sections.empty()) return;
         const size_t begin = sections.front()->name_offset - 1;
         add(begin,
-            "section " + quoted(CheckSource::name(*sections.front())) + andMore(sections.size()) +
-                " at the top level; a device looks inside of " + quoted(best),
-            "put " + quoted(best) + ": { before the first section, and a '}' after the last",
-            {{begin, 0, quoted(best) + ": {"}, {source_.endOf(*sections.back()), 0, "}"}});
+            "section " + inQuotes(CheckSource::name(*sections.front())) + andMore(sections.size()) +
+                " at the top level; a device looks inside of " + inQuotes(best),
+            "put " + inQuotes(best) + ": { before the first section, and a '}' after the last",
+            {{begin, 0, inQuotes(best) + ": {"}, {source_.endOf(*sections.back()), 0, "}"}});
     }
 
     // A root object in several pieces, as a merge may leave it.
@@ -123,7 +123,7 @@ private:
             edits = {{close, second->value_offset + 1 - close, isEmpty ? "" : ","}};
         }
         add(second->name_offset - 1,
-            "root object " + quoted(name) + " is there twice, first on line " +
+            "root object " + inQuotes(name) + " is there twice, first on line " +
                 std::to_string(source_.nameOf(*first).line) + "; a device reads the last one only",
             "put the sections of both into one", std::move(edits));
     }
@@ -141,7 +141,7 @@ private:
         if (outside.empty()) return;
         std::sort(outside.begin(), outside.end(),
                   [](const KaJsonItem* a, const KaJsonItem* b) { return a->index < b->index; });
-        const std::string first = quoted(CheckSource::name(*outside.front()));
+        const std::string first = inQuotes(CheckSource::name(*outside.front()));
         const size_t close = source_.endOf(*root) - 1;
         uint32_t next = indexAfter(*root);
         const bool follow = std::all_of(outside.begin(), outside.end(), [&](const KaJsonItem* item) {
@@ -151,7 +151,7 @@ private:
         });
         if (follow && !own.empty()) {
             add(close,
-                quoted(name) + " ends here, before section " + first + andMore(outside.size()) +
+                inQuotes(name) + " ends here, before section " + first + andMore(outside.size()) +
                     " left outside",
                 "move the '}' after the last section",
                 {{close, 1, ""}, {source_.endOf(*outside.back()), 0, "}"}});
@@ -163,9 +163,9 @@ private:
             std::vector<TextEdit> edits = removal(*item);
             edits.push_back({close, 0, (own.empty() ? "" : ", ") + moved});
             add(begin,
-                "section " + quoted(CheckSource::name(*item)) +
-                    " is at the top level; a device looks inside of " + quoted(name),
-                "move it into " + quoted(name), std::move(edits));
+                "section " + inQuotes(CheckSource::name(*item)) +
+                    " is at the top level; a device looks inside of " + inQuotes(name),
+                "move it into " + inQuotes(name), std::move(edits));
         }
     }
 
@@ -186,9 +186,9 @@ private:
             if (!toTheEnd) continue;
             const size_t begin = (*inner)->name_offset - 1;
             add(begin,
-                "section " + quoted(CheckSource::name(**inner)) + " is inside of section " +
-                    quoted(CheckSource::name(*section)) + ", which closes too late",
-                "close " + quoted(CheckSource::name(*section)) + " with a '}' before it",
+                "section " + inQuotes(CheckSource::name(**inner)) + " is inside of section " +
+                    inQuotes(CheckSource::name(*section)) + ", which closes too late",
+                "close " + inQuotes(CheckSource::name(*section)) + " with a '}' before it",
                 {{source_.endOf(**(inner - 1)), 0, "}"}, {source_.endOf(*section) - 1, 1, ""}});
         }
     }

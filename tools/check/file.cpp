@@ -51,32 +51,32 @@ void checkStep(CheckReport& report, CheckSource& source, CheckPass& pass, const 
     } else if (item != nullptr) {
         checkMissingSection(report, pass, step,
                             {&kWrongType, &kWrongTypeLeftOut, source.valueOf(*item),
-                             "section " + quoted(name) + " is " + typeOf(*item) + "; expected an object",
-                             "write " + quoted(name) + ": { \"status\": ... }"});
+                             "section " + inQuotes(name) + " is " + typeOf(*item) + "; expected an object",
+                             "write " + inQuotes(name) + ": { \"status\": ... }"});
     } else if (const KaJsonItem* slip = names.takeSlip(name)) {
         const std::string_view written = CheckSource::name(*slip);
         checkMissingSection(report, pass, step,
                             {&kMissingSection,
                              &kSectionLeftOut,
                              source.nameOf(*slip),
-                             "section " + quoted(name) + " is missing from " + quoted(pass.root()) +
-                                 ", which has " + quoted(written) + " instead",
+                             "section " + inQuotes(name) + " is missing from " + inQuotes(pass.root()) +
+                                 ", which has " + inQuotes(written) + " instead",
                              howToRename(written, name),
                              {source.rename(*slip, name)}});
     } else {
         checkMissingSection(
             report, pass, step,
             {&kMissingSection, &kSectionLeftOut, source.nameOf(root),
-             "section " + quoted(name) + " is missing from " + quoted(pass.root()),
+             "section " + inQuotes(name) + " is missing from " + inQuotes(pass.root()),
              step.section->whenDisabled != EboDisabled::IsRead
-                 ? "add " + quoted(name) + ": { \"status\": \"disable\" }, or enable it"
-                 : "add " + quoted(name) + " with all its keys; a disabled section needs them too"});
+                 ? "add " + inQuotes(name) + ": { \"status\": \"disable\" }, or enable it"
+                 : "add " + inQuotes(name) + " with all its keys; a disabled section needs them too"});
     }
 }
 
 void checkPass(CheckReport& report, CheckSource& source, CheckPass& pass, CheckNames& roots) {
     const KaJsonItem* root = roots.last(pass.root());
-    const std::string name = quoted(pass.root());
+    const std::string name = inQuotes(pass.root());
     if (root == nullptr) {
         if (!pass.chosen) return;  // another loader's, and not in this file
         const KaJsonItem* slip = roots.takeSlip(pass.root());
@@ -92,7 +92,7 @@ void checkPass(CheckReport& report, CheckSource& source, CheckPass& pass, CheckN
                          {&kMissingRoot,
                           &kRootLeftOut,
                           source.nameOf(*slip),
-                          "root object " + name + " is missing; there is " + quoted(written),
+                          "root object " + name + " is missing; there is " + inQuotes(written),
                           howToRename(written, pass.root()),
                           {source.rename(*slip, pass.root())}});
         return;

@@ -26,7 +26,7 @@ std::string sectionsWithKey(std::string_view name) {
         for (size_t i = 0; i < whole.sectionCount; ++i) {
             for (const EboKeyRow* row : keysOf(*whole.sections[i])) {
                 std::string& list = all[row->key];
-                list = joined(list, ", ", quoted(whole.sections[i]->name));
+                list = joined(list, ", ", inQuotes(whole.sections[i]->name));
             }
         }
         return all;
@@ -55,23 +55,23 @@ std::string homeOfSection(const CheckSource& source, std::string_view name) {
         const KaJsonItem* item = lastNamed(source.roots(), root);
         const bool has = item != nullptr && lastNamed(source.children(*item), name) != nullptr;
         if (has) {
-            taken = joined(taken, " and ", quoted(root));
+            taken = joined(taken, " and ", inQuotes(root));
         } else {
-            free = joined(free, " or ", quoted(root));
+            free = joined(free, " or ", inQuotes(root));
         }
     }
-    if (taken.empty()) return quoted(name) + " is a section: move it into " + free;
-    return quoted(name) + " is a section, and " + taken +
+    if (taken.empty()) return inQuotes(name) + " is a section: move it into " + free;
+    return inQuotes(name) + " is a section, and " + taken +
            " already has one: " + (free.empty() ? "remove this one" : free + " takes one too");
 }
 
 // Where a name belongs that hasHome().
 std::string homeOf(const CheckSource& source, std::string_view name, std::string_view what) {
     if (what == "root object") return homeOfSection(source, name);
-    if (holds(rootNames(), name)) return quoted(name) + " is a root object: move it to the top level";
-    if (!isSection(name)) return quoted(name) + " is a key of " + sectionsWithKey(name);
-    return quoted(name) + (what == "key" ? " is a section: move it out of this one"
-                                         : " is a section of " + quoted(rootNames().front()));
+    if (holds(rootNames(), name)) return inQuotes(name) + " is a root object: move it to the top level";
+    if (!isSection(name)) return inQuotes(name) + " is a key of " + sectionsWithKey(name);
+    return inQuotes(name) + (what == "key" ? " is a section: move it out of this one"
+                                           : " is a section of " + inQuotes(rootNames().front()));
 }
 
 // The characters of a name that cannot be told from others by looking at it: ", whose character 3 is ...".
@@ -104,7 +104,7 @@ std::string helpBeyondTheLast(std::string_view name, const std::vector<std::stri
     for (const std::string& one : known) {
         const bool same = one.compare(0, stem.size(), stem) == 0 && one.size() > stem.size() &&
                           one.find_first_not_of("0123456789", stem.size()) == std::string::npos;
-        if (same) list = joined(list, ", ", quoted(one));
+        if (same) list = joined(list, ", ", inQuotes(one));
     }
     return list.empty() ? list : "there are no more of these than " + list;
 }
@@ -112,7 +112,7 @@ std::string helpBeyondTheLast(std::string_view name, const std::vector<std::stri
 }  // namespace
 
 std::string howToRename(std::string_view written, const std::string& meant) {
-    return "did you mean " + quoted(meant) + "? Rename " + quoted(written) + oddOnes(written);
+    return "did you mean " + inQuotes(meant) + "? Rename " + inQuotes(written) + oddOnes(written);
 }
 
 CheckNames::CheckNames(const CheckSource& source, CheckSource::Items items, std::vector<std::string> known,
@@ -177,7 +177,7 @@ std::string CheckNames::helpFor(const KaJsonItem& item) const {
     if (const std::string help = helpBeyondTheLast(name, known_); there && !help.empty()) return help;
     if (meant->second.empty()) return "remove it, or begin it with \"_\" to keep it as a note";
     if (there)
-        return "did you mean " + quoted(meant->second) + ", which is there already" + oddOnes(name) + "?";
+        return "did you mean " + inQuotes(meant->second) + ", which is there already" + oddOnes(name) + "?";
     return howToRename(name, meant->second);
 }
 
@@ -190,12 +190,12 @@ void CheckNames::report(CheckReport& report, const CheckCode& unknown, const std
             if (report.leaveOut(kDuplicate)) continue;
             const std::string line = "line " + std::to_string(source_.nameOf(*winner).line);
             report.add({&kDuplicate, source_.nameOf(*item),
-                        "duplicate " + what_ + ' ' + quoted(name) + ", also on " + line,
+                        "duplicate " + what_ + ' ' + inQuotes(name) + ", also on " + line,
                         "reads the last one, on " + line + ", and nothing of this one",
                         "remove one of them"});
         } else if (!isKnown(name) && told_.count(item) == 0) {
             if (report.leaveOut(unknown)) continue;
-            report.add({&unknown, source_.nameOf(*item), "unknown " + what_ + ' ' + quoted(name) + parent,
+            report.add({&unknown, source_.nameOf(*item), "unknown " + what_ + ' ' + inQuotes(name) + parent,
                         "does not read this", helpFor(*item)});
         }
     }

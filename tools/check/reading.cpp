@@ -74,7 +74,7 @@ private:
             most = known;
             best = place.section;
         }
-        const std::string name = quoted(best != nullptr ? best->name : "?") + ": {";
+        const std::string name = inQuotes(best != nullptr ? best->name : "?") + ": {";
         mend.edits[0].text = name + "\n";
         if (best != nullptr) mend.help = "put back the line " + name;
         mend.isGuess = best == nullptr;

@@ -106,7 +106,7 @@ std::string nextIn(const Scan& scan) {
     const std::string_view rest = scan.rest;
     const Utf8Character character = utf8At(rest, 0);
     if (oddCharacter(character.code)) return nameOfCharacter(character.code);
-    return quoted(rest.substr(0, std::max<size_t>(character.length, 1)));
+    return inQuotes(rest.substr(0, std::max<size_t>(character.length, 1)));
 }
 
 std::string howToSeparate(const RowSubject& subject, const Scan& scan) {
@@ -126,7 +126,7 @@ std::string howToCount(const RowSubject& subject, const Scan& scan) {
 
 // Whether as many numbers are there as are wanted, and nothing after them.
 void judgeCount(const RowSubject& subject, const Scan& scan) {
-    const std::string key = quoted(subject.row.key);
+    const std::string key = inQuotes(subject.row.key);
     const std::string device = "goes on, and stores " + scan.stored;
     const size_t found = scan.numbers.size();
     const bool ends = *scan.rest == '\0';
@@ -146,14 +146,14 @@ void judgeCount(const RowSubject& subject, const Scan& scan) {
     } else {
         const std::string upTo = found == 0 ? key + " holds no number: it starts with "
                                             : key + " is read only up to number " + std::to_string(found) +
-                                                  ", " + quoted(scan.last()) + ": then comes ";
+                                                  ", " + inQuotes(scan.last()) + ": then comes ";
         subject.report.add({&kBadSeparator, subject.place, upTo + nextIn(scan), device,
                             fraction.empty() ? howToSeparate(subject, scan) : fraction});
     }
 }
 
 void judgeNumber(const RowSubject& subject, const Number& number) {
-    const std::string holds = quoted(subject.row.key) + " holds " + std::string(number.written);
+    const std::string holds = inQuotes(subject.row.key) + " holds " + std::string(number.written);
     if (subject.row.kind == EboKeyKind::FloatRow) {
         if (number.written.find_first_of("xXnN") != std::string_view::npos) {
             subject.report.add({&kOddNumber, subject.place,
@@ -177,7 +177,7 @@ void judgeOrder(const RowSubject& subject, const std::vector<Number>& numbers) {
     if (subject.row.kind != EboKeyKind::IntRow || numbers.size() < 2 || numbers[0].whole <= numbers[1].whole)
         return;
     subject.report.add({&kUpsideDown, subject.place,
-                        quoted(subject.row.key) + " starts at " + std::string(numbers[0].written) +
+                        inQuotes(subject.row.key) + " starts at " + std::string(numbers[0].written) +
                             ", above its end at " + std::string(numbers[1].written),
                         "stores both as they are", "exchange the two numbers, or correct one of them"});
 }
@@ -190,7 +190,7 @@ void judgeChannels(const RowSubject& subject, const Scan& scan) {
         if (channel.whole < 0) negative = channel.written;
         if (!seen.insert(channel.whole).second) twice = channel.written;
     }
-    const std::string names = quoted(subject.row.key) + " names channel ";
+    const std::string names = inQuotes(subject.row.key) + " names channel ";
     const std::string device = "goes on, and stores " + scan.stored;
     if (!negative.empty()) {
         subject.report.add({&kMapChannels, subject.place, names + negative + ", and no channel is negative",
@@ -205,7 +205,7 @@ void judgeChannels(const RowSubject& subject, const Scan& scan) {
 // False when so many channels abort the process.
 bool checkMap(const RowSubject& subject) {
     constexpr char kExample[] = "write for example \"4 chn;map:1,0,3,2\", or leave the key out";
-    const std::string key = quoted(subject.row.key);
+    const std::string key = inQuotes(subject.row.key);
     const std::string most = std::to_string(subject.row.count);
     EboScanner scanner(subject.text);
     int32_t channels = 0;

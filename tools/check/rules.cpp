@@ -26,8 +26,8 @@ void checkOrder(const RuleSubject& subject, const OrderRule& rule) {
     if (!subject.keys.findFloat(rule.low, &low) || !subject.keys.findFloat(rule.high, &high) || !(low > high))
         return;
     subject.report.add({&kUpsideDown, subject.placeOf(rule.low),
-                        quoted(rule.low) + " (" + floatText(low) + ") is above " + quoted(rule.high) + " (" +
-                            floatText(high) + ")",
+                        inQuotes(rule.low) + " (" + floatText(low) + ") is above " + inQuotes(rule.high) +
+                            " (" + floatText(high) + ")",
                         "stores both as they are", "exchange the two values, or correct one of them"});
 }
 
@@ -63,10 +63,10 @@ void checkMaskBit(const RuleSubject& subject, const EboKeyRow& row) {
     if (subject.enabled || integerOf(subject, row.key) != 1) return;
     const std::string section = subject.section.name;
     subject.report.add({&kGscMethodAlone, subject.placeOf(row.key),
-                        quoted(row.key) + " is 1 while " + quoted(section) + " is not enabled",
+                        inQuotes(row.key) + " is 1 while " + inQuotes(section) + " is not enabled",
                         std::string("sets the bit of ") + row.key +
-                            " 1 all the same, and a dump prints its " + quoted(section + ":") + " block",
-                        "enable " + quoted(section) + ", or write another " + row.key + ", such as 0"});
+                            " 1 all the same, and a dump prints its " + inQuotes(section + ":") + " block",
+                        "enable " + inQuotes(section) + ", or write another " + row.key + ", such as 0"});
 }
 
 void checkModel(const RuleSubject& subject) {

@@ -20,7 +20,7 @@ namespace {
 // Two sections report a missing status in the words of another one.
 std::string whoseMessage(const EboSection& section, const std::string& message) {
     if (message.find(' ' + std::string(section.name) + ' ') != std::string::npos) return {};
-    return " (the message does not say so, but it is about " + quoted(section.name) + ")";
+    return " (the message does not say so, but it is about " + inQuotes(section.name) + ")";
 }
 
 // What a device does when the section fails with `message`.
@@ -33,8 +33,8 @@ std::string effectOfFailure(const CheckPass& pass, const CheckStep& step, bool e
     const std::string goesOn = pass.load.words + " goes on ";
     if (section.container == EboContainer::EchoCanceller) return goesOn + "without delay estimation" + logged;
     if (section.recordSize == 0)
-        return goesOn + "with " + quoted(section.name) + (enabled ? " on" : " off") + logged;
-    return goesOn + "without the record of " + quoted(section.name) +
+        return goesOn + "with " + inQuotes(section.name) + (enabled ? " on" : " off") + logged;
+    return goesOn + "without the record of " + inQuotes(section.name) +
            (enabled ? ", though its enable bit is set" : "") + logged;
 }
 
@@ -77,13 +77,13 @@ public:
         for (const EboKeyRow* field : fieldsWithoutKey(section_)) {
             if (const KaJsonItem* item = names_.last(field->key)) {
                 report_.add(
-                    {&kNeverRead, source_.nameOf(*item), "nothing reads the key " + quoted(field->key),
+                    {&kNeverRead, source_.nameOf(*item), "nothing reads the key " + inQuotes(field->key),
                      std::string("whatever the file says, the record holds ") + valueWithoutKey(*field),
                      "remove it"});
                 names_.told(*item);
             }
         }
-        names_.report(report_, kUnknownKey, " in section " + quoted(section_.name));
+        names_.report(report_, kUnknownKey, " in section " + inQuotes(section_.name));
     }
 
 private:
@@ -97,12 +97,13 @@ private:
         checkNul(row);
         enabled_ = util_strcasecmp(status, "enable") == 0;
         if (enabled_ || util_strcasecmp(status, "disable") == 0) return;
-        report_.add({&kStatusWord, valueOf(row),
-                     "status " + quoted(status) + " is neither \"enable\" nor \"disable\"",
-                     pass_.how->maskless != 0
-                         ? "reads the section all the same: a load of gain control keeps no mask"
-                         : "takes " + quoted(section_.name) + " as disabled: nothing but \"enable\" enables",
-                     helpWithStatus(status)});
+        report_.add(
+            {&kStatusWord, valueOf(row),
+             "status " + inQuotes(status) + " is neither \"enable\" nor \"disable\"",
+             pass_.how->maskless != 0
+                 ? "reads the section all the same: a load of gain control keeps no mask"
+                 : "takes " + inQuotes(section_.name) + " as disabled: nothing but \"enable\" enables",
+             helpWithStatus(status)});
     }
 
     void checkKey(const EboKeyRow& row) {
@@ -128,11 +129,11 @@ private:
         const auto low = static_cast<int16_t>(value);
         if (row.kind == EboKeyKind::Int16 && low != value) {
             report_.add({&kNarrowed, valueOf(row),
-                         std::to_string(value) + " does not fit the 16 bits of " + quoted(row.key),
+                         std::to_string(value) + " does not fit the 16 bits of " + inQuotes(row.key),
                          "stores " + std::to_string(low), "write an integer from -32768 to 32767"});
         }
         if (row.kind == EboKeyKind::Flag && value != 0 && value != 1) {
-            report_.add({&kFlagValue, valueOf(row), quoted(row.key) + " is a flag, and not 0 or 1",
+            report_.add({&kFlagValue, valueOf(row), inQuotes(row.key) + " is a flag, and not 0 or 1",
                          "stores 1 for " + std::to_string(value), "write 0 or 1"});
         }
     }
@@ -140,7 +141,7 @@ private:
     void checkFloat(const EboKeyRow& row, float value) {
         const std::string_view written = CheckSource::value(*names_.last(row.key));
         if (std::isfinite(value) && (value != 0.0F || isZeroAsWritten(written))) return;
-        report_.add({&kFloatRange, valueOf(row), "no float holds the value of " + quoted(row.key),
+        report_.add({&kFloatRange, valueOf(row), "no float holds the value of " + inQuotes(row.key),
                      "stores " + floatText(value), "write a number that a float can hold"});
     }
 
@@ -156,8 +157,8 @@ private:
         const std::string_view text = CheckSource::value(*names_.last(row.key));
         const size_t nul = text.find('\0');
         if (nul == std::string_view::npos) return;
-        report_.add({&kCutAtNul, valueOf(row), quoted(row.key) + " holds a NUL character (\\u0000)",
-                     "reads it up to there: " + quoted(text.substr(0, nul)), "remove the \\u0000"});
+        report_.add({&kCutAtNul, valueOf(row), inQuotes(row.key) + " holds a NUL character (\\u0000)",
+                     "reads it up to there: " + inQuotes(text.substr(0, nul)), "remove the \\u0000"});
     }
 
     // The key is missing, or has a value that counts as missing.
@@ -169,8 +170,8 @@ private:
         }
         const bool big = isIntegerBeyond32Bits(row, *item);
         const std::string text =
-            big ? quoted(row.key) + " does not fit 32 bits"
-                : quoted(row.key) + " is " + typeOf(*item) + "; expected " + nameOf(kindOf(row).type);
+            big ? inQuotes(row.key) + " does not fit 32 bits"
+                : inQuotes(row.key) + " is " + typeOf(*item) + "; expected " + nameOf(kindOf(row).type);
         const TextPlace place = source_.valueOf(*item);
         const std::string help = big ? "write an integer from -2147483648 to 2147483647"
                                      : howToMend(row, *item, source_.insideArray(*item));
@@ -188,7 +189,7 @@ private:
 
     void missing(const EboKeyRow& row) {
         const std::string text =
-            "key " + quoted(row.key) + " is missing from section " + quoted(section_.name);
+            "key " + inQuotes(row.key) + " is missing from section " + inQuotes(section_.name);
         if (const CheckSource::Items rows = names_.rowsCountedFromOne(row.key); !rows.empty()) {
             countedFromOne(row, rows);
         } else if (const KaJsonItem* slip = names_.takeSlip(row.key)) {
@@ -196,12 +197,12 @@ private:
             fails(row, {&kMissingKey,
                         &kKeyLeftOut,
                         source_.nameOf(*slip),
-                        text + ", which has " + quoted(written) + " instead",
+                        text + ", which has " + inQuotes(written) + " instead",
                         howToRename(written, row.key),
                         {source_.rename(*slip, row.key)}});
         } else {
             fails(row, {&kMissingKey, &kKeyLeftOut, source_.nameOf(item_), text,
-                        "add " + quoted(row.key) + ": " + exampleFor(row)});
+                        "add " + inQuotes(row.key) + ": " + exampleFor(row)});
         }
     }
 
@@ -214,11 +215,12 @@ private:
         std::sort(edits.begin(), edits.end(),
                   [](const TextEdit& a, const TextEdit& b) { return a.offset < b.offset; });
         names_.told(*rows.back());
-        fails(row,
-              {&kMissingKey, &kKeyLeftOut, source_.nameOf(*rows.front()),
-               "the rows of " + quoted(stem.substr(0, stem.size() - 1)) + " are counted from 1, not from 0",
-               "number them from " + quoted(key) + " to " + quoted(stem + std::to_string(rows.size() - 1)),
-               edits});
+        fails(
+            row,
+            {&kMissingKey, &kKeyLeftOut, source_.nameOf(*rows.front()),
+             "the rows of " + inQuotes(stem.substr(0, stem.size() - 1)) + " are counted from 1, not from 0",
+             "number them from " + inQuotes(key) + " to " + inQuotes(stem + std::to_string(rows.size() - 1)),
+             edits});
     }
 
     void fails(const EboKeyRow& row, const CheckAbsence& absence) {
@@ -247,9 +249,9 @@ private:
         const bool disabled = names_.last(section_.rows[0].key) != nullptr;
         if (count == 0 || (ended_ && missingMessage(section_.rows[0]) != nullptr)) return;
         report_.add({&kDisabledSettings, place,
-                     countOf(count, "setting") + " of " + quoted(section_.name) +
+                     countOf(count, "setting") + " of " + inQuotes(section_.name) +
                          (count == 1 ? " has" : " have") + " no effect: the section is not enabled",
-                     "does not read the keys of a disabled " + quoted(section_.name),
+                     "does not read the keys of a disabled " + inQuotes(section_.name),
                      disabled ? "enable the section, or leave them as notes for later"
                               : "add \"status\": \"enable\""});
     }
@@ -285,7 +287,7 @@ void checkMissingSection(CheckReport& report, CheckPass& pass, const CheckStep& 
     const char* format = missingMessage(step.section->rows[0]);
     if (format == nullptr) {
         report.add({absence.warning, absence.place, absence.text,
-                    pass.load.words + " goes on with an all-zero record of " + quoted(step.section->name) +
+                    pass.load.words + " goes on with an all-zero record of " + inQuotes(step.section->name) +
                         ", and says nothing",
                     absence.help});
         return;

@@ -102,7 +102,7 @@ std::string howToMend(const EboKeyRow& row, const KaJsonItem& item, std::string_
     if (row.kind == EboKeyKind::Flag && item.kind == KaJsonKind::kBool)
         return "write 1 for true, 0 for false";
     if (row.kind == EboKeyKind::Status) return "write \"enable\" or \"disable\"";
-    if (isText(row) && item.kind == KaJsonKind::kNumber) return "put it in quotes: " + quoted(value);
+    if (isText(row) && item.kind == KaJsonKind::kNumber) return "put it in quotes: " + inQuotes(value);
     const std::string text = textOf(row, array);
-    return "write " + (text.empty() ? exampleFor(row) : quoted(text));
+    return "write " + (text.empty() ? exampleFor(row) : inQuotes(text));
 }

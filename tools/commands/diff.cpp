@@ -20,7 +20,7 @@ struct DiffOptions {
 };
 
 std::string shown(Style style, const Value& value) {
-    return styled(style, value.kind == Value::Word ? ::quoted(value.text) : value.text);
+    return styled(style, value.kind == Value::Word ? inQuotes(value.text) : value.text);
 }
 
 void printList(const std::vector<Difference>& list, size_t width) {

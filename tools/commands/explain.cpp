@@ -29,7 +29,7 @@ std::string masksText(const EboLoad& load, const Tuning& tuning) {
 std::string askedText(const std::string& asked) {
     constexpr size_t kWidth = 10;
     const bool plain = std::all_of(asked.begin(), asked.end(), [](char c) { return c > ' ' && c < 0x7f; });
-    const std::string text = plain && !asked.empty() ? asked : ::quoted(asked);
+    const std::string text = plain && !asked.empty() ? asked : inQuotes(asked);
     return shortened(text, kWidth);
 }
 

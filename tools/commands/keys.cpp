@@ -24,7 +24,7 @@ std::string hintAbout(const std::string& name) {
         if (hit.key) known.push_back(hit.key->key);
     }
     const std::string nearest = nearestName(name, known);
-    return nearest.empty() ? "see: eboconf keys --format names" : "did you mean " + ::quoted(nearest) + "?";
+    return nearest.empty() ? "see: eboconf keys --format names" : "did you mean " + inQuotes(nearest) + "?";
 }
 
 ExitStatus run(const KeysOptions& options) {
@@ -41,7 +41,7 @@ ExitStatus run(const KeysOptions& options) {
     const KeyHits hits = findKeys(options.name);
     if (hits.list.empty()) {
         std::fprintf(stderr, "eboconf: no section or key is named %s or says so in its meaning; %s\n",
-                     ::quoted(options.name).c_str(), hintAbout(options.name).c_str());
+                     inQuotes(options.name).c_str(), hintAbout(options.name).c_str());
         return kUsage;
     }
     const std::string text = format == "json"    ? keysJson(hits)

@@ -77,7 +77,7 @@ private:
 
     void explainDisabled(const char* status) {
         if (util_strcasecmp(status, "disable") != 0 && !place_.leavesNoRecordWhenDisabled()) {
-            say(quoted(status) + " is not \"enable\": disabled");
+            say(inQuotes(status) + " is not \"enable\": disabled");
         }
         const EboLoad& load = *load_.of(place_.root);
         if (!eboMustLoad(load, *place_.section)) return;
@@ -167,7 +167,7 @@ private:
         if (head && row_.masked && !row_.enabled) say("the dump prints its lines whatever the status");
         if (head) return;
         const bool usual = row_.heading == std::string(place_.section->name) + ":";
-        if (row_.lines > 0 && !usual) say("the dump heads its lines " + quoted(row_.heading));
+        if (row_.lines > 0 && !usual) say("the dump heads its lines " + inQuotes(row_.heading));
         if (row_.enabled && row_.lines == 0)
             say("the bit is set but there is no record: the dump leaves it out");
     }

@@ -102,7 +102,7 @@ std::string endOf(const CheckLoad& load, bool isOne = true) {
     if (load.outcome != CheckOutcome::Loads) return load.log.empty() ? end : end + ": " + load.log.back();
     if (load.lacks.empty()) return end;
     std::vector<std::string> sections;
-    for (const std::string& section : load.lacks) sections.push_back(quoted(section));
+    for (const std::string& section : load.lacks) sections.push_back(inQuotes(section));
     return end + " without the record" + (sections.size() == 1 ? "" : "s") + " of " + joined(sections);
 }
 

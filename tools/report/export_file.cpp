@@ -95,7 +95,7 @@ private:
         const KaTextPosition here = ka_text_position(load_.text.data(), member.item.name_offset - 1);
         const KaTextPosition there = ka_text_position(load_.text.data(), former.item.name_offset - 1);
         refusal_ = file_ + ":" + std::to_string(here.line) + ":" + std::to_string(here.column) +
-                   ": cannot be exported: duplicate " + kindOf(member) + " " + quoted(member.name()) +
+                   ": cannot be exported: duplicate " + kindOf(member) + " " + inQuotes(member.name()) +
                    ", also on line " + std::to_string(there.line) + "; only the last one is read";
     }
 

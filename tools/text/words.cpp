@@ -69,7 +69,7 @@ std::string printable(std::string_view text) {
     return result;
 }
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
     std::string result = "\"";
     for (size_t at = 0; at < text.size();) {
         const Utf8Character character = utf8At(text, at);

@@ -7,7 +7,7 @@
 #include <vector>
 
 // In double quotes as JSON writes it: quotes, backslashes and what a terminal does not show as it is as escapes.
-std::string quoted(std::string_view text);
+std::string inQuotes(std::string_view text);
 
 // What is no character or would steer the terminal as '?'.
 std::string printable(std::string_view text);

@@ -39,13 +39,13 @@ TEST(Utf8, KnowsWhereACharacterBeginsAndWhichItIs) {
 
 TEST(Words, ShowNothingThatSteersATerminal) {
     EXPECT_EQ(printable("a\x1b[2J\xC2\x9B\xE2\x80\xAE\xFFz\xC3\xA9"), "a?[2J???z\xC3\xA9");
-    EXPECT_EQ(quoted("\x1b\xC2\x9B\xE2\x80\xAE\xFF\"\\\n\r\t"),
+    EXPECT_EQ(inQuotes("\x1b\xC2\x9B\xE2\x80\xAE\xFF\"\\\n\r\t"),
               "\"\\u001B\\u009B\\u202E?\\\"\\\\\\n\\r\\t\"");
 }
 
 TEST(Words, EscapeWhatCannotBeSeenAndKeepWhatCan) {
-    EXPECT_EQ(quoted("a\xE2\x80\x8B\xC2\xA0"), "\"a\\u200B\\u00A0\"");
-    EXPECT_EQ(quoted("\xD0\xB0\xC3\xA9"), "\"\xD0\xB0\xC3\xA9\"");
+    EXPECT_EQ(inQuotes("a\xE2\x80\x8B\xC2\xA0"), "\"a\\u200B\\u00A0\"");
+    EXPECT_EQ(inQuotes("\xD0\xB0\xC3\xA9"), "\"\xD0\xB0\xC3\xA9\"");
 }
 
 TEST(OddCharacters, HaveNamesAndPlainForms) {

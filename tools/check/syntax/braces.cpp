@@ -92,7 +92,8 @@ private:
         const size_t close = before.find_last_not_of(" \t\r\n", colon - 1);
         if (close == kNone || before[close] != '"' || close == 0) return {};
         const size_t quote = before.rfind('"', close - 1);
-        return quote == kNone ? std::string() : " of " + quoted(before.substr(quote + 1, close - quote - 1));
+        return quote == kNone ? std::string()
+                              : " of " + inQuotes(before.substr(quote + 1, close - quote - 1));
     }
 
     void missingBrace(const Open& top, size_t at) {
