@@ -90,7 +90,7 @@ const char* skipMatching(const char* at) {
 }
 
 [[gnu::noinline]] bool grow(JsonLoad* load) {
-    void* const entries = realloc(load->entries, load->capacity * 2 * sizeof(KaJsonEntry));
+    void* const entries = realloc(load->entries, size_t{load->capacity} * 2 * sizeof(KaJsonEntry));
     if (!entries) {
         load->reason = kOutOfMemory;
         return false;
