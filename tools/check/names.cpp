@@ -174,7 +174,7 @@ std::string CheckNames::helpFor(const KaJsonItem& item) const {
     const std::string_view name = CheckSource::name(item);
     if (meant == meant_.end()) return homeOf(source_, name, what_);
     const bool there = last(meant->second) != nullptr;
-    if (const std::string help = helpBeyondTheLast(name, known_); there && !help.empty()) return help;
+    if (std::string help = helpBeyondTheLast(name, known_); there && !help.empty()) return help;
     if (meant->second.empty()) return "remove it, or begin it with \"_\" to keep it as a note";
     if (there)
         return "did you mean " + inQuotes(meant->second) + ", which is there already" + oddOnes(name) + "?";

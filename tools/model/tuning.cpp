@@ -178,7 +178,7 @@ Load loadTuning(const std::string& file, Part part, FileText text) {
     result.document = std::make_unique<KAJsonParser>();
     result.messages = messagesOf([&] {
         if (!spooled.error().empty())
-            return ka_err(0, 2, "eboconf", "%s", __func__, __LINE__, spooled.error().c_str());
+            return ka_err(0, 2, "eboconf", "%s", "loadTuning", __LINE__, spooled.error().c_str());
         if (result.document->parseFile(spooled.path().c_str()) == 0) return;
         const std::vector<const EboLoad*> loads = loadsOf(part, *result.document);
         result.loaded = std::all_of(loads.begin(), loads.end(),

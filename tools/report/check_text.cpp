@@ -98,7 +98,7 @@ std::vector<std::string> componentsOf(const CheckReport& report) {
 // What became of a load, apart from its name: " fails: find aec status failed", of several " each fail ...".
 std::string endOf(const CheckLoad& load, bool isOne = true) {
     const std::string verb = nameOf(load.outcome);
-    const std::string end = isOne ? ' ' + verb : " each " + verb.substr(0, verb.size() - 1);
+    std::string end = isOne ? ' ' + verb : " each " + verb.substr(0, verb.size() - 1);
     if (load.outcome != CheckOutcome::Loads) return load.log.empty() ? end : end + ": " + load.log.back();
     if (load.lacks.empty()) return end;
     std::vector<std::string> sections;

@@ -15,7 +15,7 @@ namespace {
 // The library's own looks at no result.
 class Allocator {
 public:
-    static constexpr bool kNeedFree = true;
+    [[maybe_unused]] static constexpr bool kNeedFree = true;
     void* Malloc(size_t size) { return Realloc(nullptr, 0, size); }
     void* Realloc(void* block, size_t, size_t size) {
         void* const moved = std::realloc(block, size);

@@ -6,9 +6,9 @@
 #include <string_view>
 
 struct OddCharacter {
-    char32_t code;
     const char* name;  // "zero-width space"
-    char plain;        // what it was most likely meant for, in ASCII
+    char32_t code;
+    char plain;  // what it was most likely meant for, in ASCII
     static constexpr char kNothing = '\0';
 
     bool isInvisible() const { return plain == kNothing || plain == ' '; }
