@@ -13,10 +13,10 @@ namespace {
 
 constexpr uint8_t kBands = std::extent_v<decltype(EboNlpParam::bands)>;
 
-// A super_est_factor that the text does not supply is the band's band_pass_thd, on purpose: as if both
-// texts were read into one scratch. A band_pass_thd that the text does not supply stays zero.
+// Every key of the section is such a list, and required: there is a text. A super_est_factor that it does not
+// supply is the band's band_pass_thd, on purpose: as if both texts were read into one scratch. A band_pass_thd
+// that the text does not supply stays zero.
 void takeBands(const EboSection& /*section*/, const EboKeyRow& row, const char* text, void* record) {
-    if (row.kind != EboKeyKind::BandList || text == KA_NULL) return;
     auto* nlp = static_cast<EboNlpParam*>(record);
     int32_t scratch[kBands];
     for (size_t i = 0; i < kBands; ++i) scratch[i] = nlp->bands[i].band_pass_thd;

@@ -126,24 +126,3 @@ EBO_SECTIONS(EBO_DECLARE_SECTION)
 // The reader's stack has room for tables of so many bytes, in rows of so many numbers.
 constexpr size_t kEboTableBytes = 160;
 constexpr size_t kEboRowNumbers = 10;
-
-// Bytes of the field of a row; 0: no field of the record.
-constexpr size_t eboRowBytes(const EboKeyRow& row) {
-    switch (row.kind) {
-        case EboKeyKind::Status:
-        case EboKeyKind::MaskBit:
-        case EboKeyKind::BandList:
-            return 0;
-        case EboKeyKind::Int16:
-            return sizeof(int16_t);
-        case EboKeyKind::IntRow:
-            return row.count * sizeof(int16_t);
-        case EboKeyKind::FloatRow:
-            return row.count * sizeof(float);
-        case EboKeyKind::Word:
-        case EboKeyKind::ChannelMap:
-            return sizeof(void*);
-        default:
-            return sizeof(int32_t);
-    }
-}

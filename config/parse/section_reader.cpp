@@ -83,7 +83,7 @@ void storeTableRow(Reading& reading, const EboKeyRow& row, const char* text) {
     const bool isPair = row.kind == EboKeyKind::IntRow;
     isPair ? storePair(text, pair) : storeFloats(text, row.count, floats);
     const size_t before = reading.filled;
-    const size_t size = eboRowBytes(row);
+    const size_t size = row.count * (isPair ? sizeof(int16_t) : sizeof(float));
     std::memcpy(reading.table + before, isPair ? static_cast<const void*>(pair) : floats, size);
     reading.filled = before + size;
     if (row.toCome > 0) return;
@@ -120,6 +120,12 @@ bool findAndStore(Reading& reading, const EboKeyRow& row, const char** text) {
     }
 }
 
+void storePreset(const Reading& reading, const EboKeyRow& row) {
+    int32_t preset = 0;
+    EboScanner(row.text).integer(&preset);
+    storeInt(reading, row, preset);
+}
+
 bool readKey(Reading& reading, const EboKeyRow& row) {
     const EboSection& section = reading.section;
     const char* text = KA_NULL;
@@ -129,8 +135,7 @@ bool readKey(Reading& reading, const EboKeyRow& row) {
             return false;
         }
         text = KA_NULL;
-        int32_t preset = 0;
-        if (row.text != KA_NULL && EboScanner(row.text).integer(&preset)) storeInt(reading, row, preset);
+        if (row.text != KA_NULL) storePreset(reading, row);
     }
     if (section.special != KA_NULL) section.special(section, row, text, reading.record);
     return true;

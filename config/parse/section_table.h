@@ -54,6 +54,27 @@ constexpr const char* eboReaderName(const char* name) {
     return name;
 }
 
+// Bytes of the field of a row; 0: no field of the record.
+constexpr size_t eboRowBytes(const EboKeyRow& row) {
+    switch (row.kind) {
+        case EboKeyKind::Status:
+        case EboKeyKind::MaskBit:
+        case EboKeyKind::BandList:
+            return 0;
+        case EboKeyKind::Int16:
+            return sizeof(int16_t);
+        case EboKeyKind::IntRow:
+            return row.count * sizeof(int16_t);
+        case EboKeyKind::FloatRow:
+            return row.count * sizeof(float);
+        case EboKeyKind::Word:
+        case EboKeyKind::ChannelMap:
+            return sizeof(void*);
+        default:
+            return sizeof(int32_t);
+    }
+}
+
 // Whether the reader can run on a table of rows: fields lie within the record, tables are whole and stand together, and
 // what the table cannot say is said elsewhere. Asked of every section when it is compiled.
 constexpr bool eboIsSound(const EboSection& section) {

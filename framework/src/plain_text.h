@@ -54,11 +54,11 @@ inline const char* stepOver(const char* text, size_t size) {
         // clang-format off
 #define KA_STEP(n) case n: text += n; __asm__("" : "+r"(text)); return text;
         KA_STEP(0) KA_STEP(1) KA_STEP(2) KA_STEP(3) KA_STEP(4) KA_STEP(5) KA_STEP(6) KA_STEP(7) KA_STEP(8)
-        KA_STEP(9) KA_STEP(10) KA_STEP(11) KA_STEP(12) KA_STEP(13) KA_STEP(14) KA_STEP(15) KA_STEP(16)
+        KA_STEP(9) KA_STEP(10) KA_STEP(11) KA_STEP(12) KA_STEP(13) KA_STEP(14) KA_STEP(15)
+        default: text += 16; __asm__("" : "+r"(text)); return text;
         // clang-format on
 #undef KA_STEP
     }
-    __builtin_unreachable();
 }
 
 // The first byte from `text` on that no name in a tuning file has, at most 16 further on; the closing quote if the name

@@ -83,6 +83,20 @@ TEST(StringWithNul, IsNoKeyThatCanBeAskedFor) {
     EXPECT_EQ(1, number);
 }
 
+// Short names are compared another way, unless they end with their page.
+TEST(Names, LongOnesAreComparedToTheirEnd) {
+    Section section(
+        R"("a_key_of_many_letters\u0000": 1, "a_key_of_many_letters": 2, "another_key_of_letters": 3)");
+    int value = 0;
+    ASSERT_TRUE(section.keys.findInt32("a_key_of_many_letters", &value));
+    EXPECT_EQ(value, 2);
+    EXPECT_FALSE(section.keys.findInt32("a_key_of_many_letterz", &value));
+    EXPECT_FALSE(section.keys.findInt32("another_key_of_letters_more", &value));
+    EXPECT_FALSE(section.keys.findInt32("another_key", &value));
+    ASSERT_TRUE(section.keys.findInt32("another_key_of_letters", &value));
+    EXPECT_EQ(value, 3);
+}
+
 TEST(StringAsNameOfSections, IsDecodedToo) {
     Document document(R"({"\u0072": {"\"s\"": {"k": 3}, "t\u0000": {"k": 4}}})");
     KaMetaData keys;
