@@ -1,5 +1,8 @@
 #include "record_bytes.h"
 
+#include <parse/loads.h>
+
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -34,26 +37,39 @@ void appendAec(std::string* bytes, const EboAecParam* from, size_t channels) {
     append(bytes, delay);
 }
 
+// What a record holds: all its bytes, or where texts hang on it, its numbers and the texts.
+void appendModule(std::string* bytes, const EboSection& section, const char* record) {
+    *bytes += record != nullptr ? '+' : '-';
+    if (record == nullptr) return;
+    const EboKeyRow* const end = section.rows + section.rowCount;
+    const bool hasTexts =
+        std::any_of(section.rows, end, [](const EboKeyRow& row) { return row.kind == EboKeyKind::Word; });
+    if (!hasTexts) bytes->append(record, section.recordSize);
+    for (const EboKeyRow* row = section.rows + 1; hasTexts && row < end; ++row) {
+        if (row->kind == EboKeyKind::Word) {
+            const char* text = nullptr;
+            std::memcpy(&text, record + row->offset, sizeof text);
+            appendText(bytes, text);
+        } else {
+            bytes->append(record + row->offset, sizeof(int32_t));
+        }
+    }
+}
+
 void appendBf(std::string* bytes, const EboBeamFormParam* from) {
     if (from == nullptr) return;
     EboBeamFormParam bf;
     std::memcpy(static_cast<void*>(&bf), from, sizeof bf);
-    append(bytes, cut(bf.dereverb));
-    append(bytes, cut(bf.aes));
-    append(bytes, cut(bf.nlp));
-    append(bytes, cut(bf.anr));
-    append(bytes, cut(bf.agc));
-    append(bytes, cut(bf.cng));
-    append(bytes, cut(bf.dtd));
-    append(bytes, cut(bf.howl));
-    append(bytes, cut(bf.doa));
-    if (const EboWakeupParam* wakeup = cut(bf.wakeup); wakeup != nullptr) {
-        const int32_t numbers[] = {wakeup->mode, wakeup->wakeup_frames, wakeup->wakeup_words};
-        bytes->append(reinterpret_cast<const char*>(numbers), sizeof numbers);
-        appendText(bytes, wakeup->model_word1);
-        appendText(bytes, wakeup->model_word2);
+    const EboLoad& load = kEboLoads[kEboBeamFormLoad];
+    for (size_t i = 0; i < load.sectionCount; ++i) {
+        const EboSection& section = *load.sections[i];
+        if (section.container != EboContainer::Beamformer || section.recordSize == 0) continue;
+        char* const slot = reinterpret_cast<char*>(&bf) + section.slot;
+        const char* record = nullptr;
+        std::memcpy(&record, slot, sizeof record);
+        std::memset(slot, 0, sizeof record);
+        appendModule(bytes, section, record);
     }
-    if (const EboAiNRParam* ainr = cut(bf.ainr); ainr != nullptr) appendText(bytes, ainr->model_path);
     append(bytes, &bf);
 }
 

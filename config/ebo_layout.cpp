@@ -32,8 +32,12 @@ constexpr uint32_t layoutSum() {
 #include "ebo_layout.inc"
     return sum;
 }
-static_assert(EBO_LAYOUT == 1 && layoutSum() == 0x19BF6A0D,
-              "another layout: raise EBO_LAYOUT, and put its sum here");
+template <uint32_t kSum>
+constexpr bool isTheNumberOfTheLayout() {
+    static_assert(kSum == EBO_LAYOUT, "another layout: EBO_LAYOUT must be kSum");
+    return true;
+}
+static_assert(isTheNumberOfTheLayout<layoutSum()>(), "");
 
 }  // namespace
 

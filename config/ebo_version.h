@@ -5,8 +5,9 @@
 
 #define EBO_VERSION "1.0.0"  // a new major number when something public is no longer as it was
 
-// A number for the layout of the records: raised with every record whose size or fields' offsets change.
-#define EBO_LAYOUT 1
+// A number for the layout of the records, another one whenever a size or an offset changes. The library does not
+// compile with a wrong one, and says which is right.
+#define EBO_LAYOUT 0x19BF6A0DU
 
 #ifdef __cplusplus
 extern "C" {

@@ -2,6 +2,7 @@
 
 #include <ka/log_sink.h>
 #include <model/records.h>
+#include <parse/loads.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,6 +17,16 @@
 #include "model/load_log.h"
 #include "text/words.h"
 namespace {
+
+// Whether a slot of the container is null that one of its sections fills.
+bool lacksRecord(const EboBeamFormParam* bf) {
+    const EboLoad& load = kEboLoads[kEboBeamFormLoad];
+    return std::any_of(load.sections, load.sections + load.sectionCount, [bf](const EboSection* section) {
+        const void* record = nullptr;
+        std::memcpy(&record, reinterpret_cast<const char*>(bf) + section->slot, sizeof record);
+        return section->container == EboContainer::Beamformer && section->recordSize > 0 && record == nullptr;
+    });
+}
 
 bool isDelayMissing(const std::vector<std::string>& log) {
     return std::any_of(log.begin(), log.end(),
@@ -33,10 +44,7 @@ Loaded load(const std::string& part, const char* path) {
     if (part == "beamform") {
         const BeamFormRecord bf(parseEboBeamFormConfigs(path));
         if (bf == nullptr) return {};
-        return {true, bf->agc == nullptr || bf->anr == nullptr || bf->nlp == nullptr ||
-                          bf->dereverb == nullptr || bf->cng == nullptr || bf->dtd == nullptr ||
-                          bf->aes == nullptr || bf->howl == nullptr || bf->doa == nullptr ||
-                          bf->wakeup == nullptr || bf->ainr == nullptr};
+        return {true, lacksRecord(bf.get())};
     }
     if (part == "ao") {
         const PlaybackRoot ao(parseEboAoConfigs(path));

@@ -24,18 +24,14 @@ public:
         }
         ebo.bf = make<EboBeamFormParam>();
         EboBeamFormParam& bf = *ebo.bf;
-        bf.model_en = static_cast<int32_t>(bits()) & kBeamformerBits;
-        bf.dereverb = make<EboDereverbParam>();
-        bf.aes = make<EboAesParam>();
-        bf.nlp = make<EboNlpParam>();
-        bf.anr = make<EboAnrParam>();
-        bf.agc = make<EboAgcParam>();
-        bf.cng = make<EboCngParam>();
-        bf.dtd = make<EboDtdParam>();
-        bf.howl = make<EboHowlParam>();
-        bf.doa = make<EboDoaParam>();
-        bf.wakeup = make<EboWakeupParam>();
-        bf.ainr = make<EboAiNRParam>();
+        bf.model_en = static_cast<int32_t>(bits()) & beamformerBits();
+        const EboLoad& load = kEboLoads[kEboBeamFormLoad];
+        for (size_t i = 0; i < load.sectionCount; ++i) {
+            const EboSection& section = *load.sections[i];
+            if (section.container != EboContainer::Beamformer || section.recordSize == 0) continue;
+            void* record = ka_mem_malloc(section.recordSize, __func__);
+            std::memcpy(reinterpret_cast<char*>(&bf) + section.slot, &record, sizeof record);
+        }
         tuning_.playback.reset(make<KAEboParam>());
         tuning_.playback->model_en = EBO_PATH_RX;
         tuning_.playback->rx = make<EboRxParam>();
@@ -49,7 +45,18 @@ public:
     }
 
 private:
-    static constexpr int32_t kBeamformerBits = 0x3ffff & ~(0x200 | EBO_BF_EQ | 0x2000);
+    // All that a file can set.
+    static int32_t beamformerBits() {
+        int32_t all = 0;
+        for (const SectionPlace& place : sectionPlaces()) {
+            if (place.mask != "bf.model_en") continue;
+            all |= place.bit;
+            for (const EboKeyRow* row : keysOf(*place.section)) {
+                if (row->kind == EboKeyKind::MaskBit) all |= bitOf(*row);
+            }
+        }
+        return all;
+    }
 
     template <typename Record>
     Record* make() {
@@ -65,9 +72,8 @@ private:
         for (const EboKeyRow* row : keysOf(*place.section)) {
             fillKey(record, *row);
         }
-        if (place.section == &kEboAgcSection) {
-            reinterpret_cast<EboAgcParam*>(record)->sample_rate = 16000;
-            reinterpret_cast<EboAgcParam*>(record)->frame_len = 256;
+        for (const EboKeyRow* field : fieldsWithoutKey(*place.section)) {
+            if (field->text != nullptr) put(record + field->offset, std::stoi(field->text));
         }
     }
 
