@@ -141,9 +141,9 @@ std::optional<SyntaxMend> mendPlaceholder(const SyntaxStop& stop) {
     static constexpr struct {
         std::string_view open;
         std::string_view close;
-    } kForms[] = {{"{{", "}}"}, {"{%", "%}"}, {"${", "}"}, {"<%", "%>"}, {"@", "@"}};
+    } kPlaceholders[] = {{"{{", "}}"}, {"{%", "%}"}, {"${", "}"}, {"<%", "%>"}, {"@", "@"}};
     const size_t from = stop.before == '{' && stop.last + 1 == stop.offset ? stop.last : stop.offset;
-    for (const auto& form : kForms) {
+    for (const auto& form : kPlaceholders) {
         if (stop.text.substr(from, form.open.size()) != form.open) continue;
         const size_t close = stop.text.find(form.close, from + form.open.size());
         if (close == kNone || close > lineEnd(stop.text, from)) continue;
