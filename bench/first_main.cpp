@@ -1,6 +1,6 @@
-// The first load of a process, as a host pays it: ebo_bench_first load|quiet|read FILE prints nanoseconds. `load`
-// formats the log lines of a load, which `quiet` does not, as a host that logs errors alone. Links nothing but the
-// library, so that no other library's start is measured.
+// The first load of a process, as a host pays it: ebo_bench_first load|quiet|read FILE prints nanoseconds.
+// `load` formats the log lines of a load, which `quiet` does not, as a host that logs errors alone. Links
+// nothing but the library, so that no other library's start is measured.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>

@@ -100,8 +100,8 @@ bool enabled(Peer& peer, const EboSection& section, int32_t* mask) {
     return true;
 }
 
-// A new record, or of a section without one the mask; null when a key is missing that is required, or the section leaves
-// no record.
+// A new record, or of a section without one the mask; null when a key is missing that is required, or the
+// section leaves no record.
 template <typename Peer>
 void* take(Peer& peer, const EboSection& section, int32_t* mask, Rows rows) {
     int32_t lost = 0;

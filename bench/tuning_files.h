@@ -1,5 +1,5 @@
-// The files that are loaded: the examples, the main example written otherwise, the main example grown by roots that
-// nobody asks for, and large texts of one shape each.
+// The files that are loaded: the examples, the main example written otherwise, the main example grown by
+// roots that nobody asks for, and large texts of one shape each.
 #pragma once
 
 #include <string>
@@ -14,8 +14,8 @@ struct TuningFile {
 
 std::vector<TuningFile> exampleFiles();
 
-// The main example as other editors and programs would write it: line breaks of two characters, no blanks at all, the
-// keys of each section in another order than the library's tables.
+// The main example as other editors and programs would write it: line breaks of two characters, no blanks at
+// all, the keys of each section in another order than the library's tables.
 std::vector<TuningFile> writtenOtherwise(const std::string& folder);
 
 // Texts of `size` bytes or a little more below one root, each of one shape; no tuning.

@@ -1,5 +1,5 @@
-// Pins the layout of every record for 32-bit and 64-bit pointers, and its number: the engine is compiled against
-// it.
+// Pins the layout of every record for 32-bit and 64-bit pointers, and its number: the engine is compiled
+// against it.
 #include <cstddef>
 
 #include "ebo_params.h"

@@ -3,7 +3,8 @@
 // This is the contract with the signal-processing engine, which is compiled against the same records, in C99
 // or C++17: the order and the width of every field are fixed. All records are plain; a pointer owns what it
 // points at unless its comment says otherwise. A quoted word is the key of the tuning file that fills the
-// field. Where only a key is named, meaning and unit are the engine's: the library carries the value unchanged.
+// field. Where only a key is named, meaning and unit are the engine's: the library carries the value
+// unchanged.
 #pragma once
 
 #include <stdint.h>
@@ -207,8 +208,8 @@ typedef struct EboAecParam {
     int32_t model_aec_en;      // EBO_AEC_ bits
     int32_t delay_len;         // "delay_len"
     int32_t look_ahead;        // "look_ahead"
-    // "mic_chn_map": channel numbers, as many as the key's count says, owned with EBO_AEC_CHN_MAP. Without that
-    // bit null in a record that was read, and the shared map `Array` in a default record.
+    // "mic_chn_map": channel numbers, as many as the key's count says, owned with EBO_AEC_CHN_MAP. Without
+    // that bit null in a record that was read, and the shared map `Array` in a default record.
     int16_t* Array_list;
     int16_t filter_len;    // "filter_len"
     EboDelayParam* delay;  // section "delay"; null when missing, incomplete or disabled

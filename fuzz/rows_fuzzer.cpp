@@ -1,5 +1,5 @@
-// Texts that hold numbers: the library's scanner against the C library's, and the readers of such texts against the
-// model.
+// Texts that hold numbers: the library's scanner against the C library's, and the readers of such texts
+// against the model.
 #include <parse/section.h>
 
 #include <cstdint>

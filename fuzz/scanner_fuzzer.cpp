@@ -1,4 +1,5 @@
-// Any bytes as a text: the quick scanner against the JSON library, in what they accept and in the table that they make.
+// Any bytes as a text: the quick scanner against the JSON library, in what they accept and in the table that
+// they make.
 #include <cstdint>
 
 #include "check.h"

@@ -1,5 +1,5 @@
-// The bytes decide how an example is changed: keys removed, retyped, repeated, renamed, moved, extreme. The result is
-// compared with the model. EBO_FUZZ_SHOW in the environment writes it to standard output.
+// The bytes decide how an example is changed: keys removed, retyped, repeated, renamed, moved, extreme. The
+// result is compared with the model. EBO_FUZZ_SHOW in the environment writes it to standard output.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <filesystem>

@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <cstring>
 
-// Exact, in integers: the C library's printf goes by the locale, and the C++ library's to_chars brings tables of
-// 100 kB.
+// Exact, in integers: the C library's printf goes by the locale, and the C++ library's to_chars brings tables
+// of 100 kB.
 namespace {
 
 // Prints `value` with at least `digits` digits.

@@ -1,5 +1,5 @@
-// The lines that the beamformer's and the playback path's dumps share. `function` is the dump's own name, so the
-// line number after it in the log may be one of shared_blocks.cpp: grep the text.
+// The lines that the beamformer's and the playback path's dumps share. `function` is the dump's own name, so
+// the line number after it in the log may be one of shared_blocks.cpp: grep the text.
 #pragma once
 
 #include "ebo_params.h"

@@ -62,7 +62,8 @@ constexpr EboKeyRow kHowlKeys[] = {
 }  // namespace
 
 // clang-format off
-// Reads its keys by the bit in the mask, on purpose not by its own status: a bit that was set before counts too.
+// Reads its keys by the bit in the mask, on purpose not by its own status: a bit that was set before counts
+// too.
 constexpr EboSection kEboWakeupSection = EBO_MODULE("wakeup", parseEboWakeupConfigs, kWakeupKeys, EboWakeupParam, EBO_BF_WAKEUP, wakeup, "wakeup != KA_NULL")
     .disabled(EboDisabled::GoesByMask).isOptional().with(reviewWakeup);
 EBO_SOUND(kEboWakeupSection);

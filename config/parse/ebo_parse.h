@@ -22,8 +22,9 @@ KAEboParam* parseEboConfigs(const char* path);
 // null. The caller owns it: destroyEboAecConfig().
 EboAecParam* parseEboAecConfigs(const char* path);
 
-// Section "bf" of "ebo_configs" and the modules that work on its output. Null when "bf" fails; the record of any other
-// section that fails is left null, which `wakeup` never is. The caller owns it: destroyEboBeamFormConfig().
+// Section "bf" of "ebo_configs" and the modules that work on its output. Null when "bf" fails; the record of
+// any other section that fails is left null, which `wakeup` never is. The caller owns it:
+// destroyEboBeamFormConfig().
 EboBeamFormParam* parseEboBeamFormConfigs(const char* path);
 
 // Playback path, root object "ebo_ao_configs": a root with `model_en` EBO_PATH_RX and only `rx` filled; the
@@ -47,8 +48,8 @@ EboAgcParam* parseEboAgcConfigsFile(const char* path);
 
 // On the root's mask.
 
-// "aec": EBO_PATH_AEC. "mic_chn_map" is optional; a map that was read before a failure leaks. A disabled section is
-// reported.
+// "aec": EBO_PATH_AEC. "mic_chn_map" is optional; a map that was read before a failure leaks. A disabled
+// section is reported.
 EboAecParam* parseEboAecConfigs(void* parser, const char* root, int* model_en);
 // "delay": no bit, the mask is not touched. A disabled section is reported and yields null; its keys are not
 // read.

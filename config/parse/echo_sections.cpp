@@ -14,8 +14,8 @@ namespace {
 constexpr uint8_t kBands = std::extent_v<decltype(EboNlpParam::bands)>;
 
 // Every key of the section is such a list, and required: there is a text. A super_est_factor that it does not
-// supply is the band's band_pass_thd, on purpose: as if both texts were read into one scratch. A band_pass_thd
-// that the text does not supply stays zero.
+// supply is the band's band_pass_thd, on purpose: as if both texts were read into one scratch. A
+// band_pass_thd that the text does not supply stays zero.
 void takeBands(const EboSection& /*section*/, const EboKeyRow& row, const char* text, void* record) {
     auto* nlp = static_cast<EboNlpParam*>(record);
     int32_t scratch[kBands];

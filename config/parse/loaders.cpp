@@ -12,8 +12,8 @@ void freeIfSet(void* block) {
     if (block != KA_NULL) std::free(block);
 }
 
-// Releases what a failed load has built, block by block with free(), in an order of its own. On purpose not the
-// destroy functions: the channel map, the wake-up words and the model path stay allocated.
+// Releases what a failed load has built, block by block with free(), in an order of its own. On purpose not
+// the destroy functions: the channel map, the wake-up words and the model path stay allocated.
 void abandon(KAEboParam* ebo) {
     if (EboAecParam* aec = ebo->aec; aec != KA_NULL) {
         freeIfSet(aec->delay);

@@ -28,8 +28,8 @@ extern const EboLoad kEboLoads[kEboLoadCount];
 // Whether a load fails when the section does.
 bool eboMustLoad(const EboLoad& load, const EboSection& section);
 
-// Reads all sections of a load from `parser`, an open KAJsonParser, into their containers: the root `ebo`, and
-// what hangs on it. What holds records and is not read itself must hang on it before: the playback container, and
-// for gain control a beamformer's. False as soon as a section fails that must not; what was read until then stays
-// in the tree.
+// Reads all sections of a load from `parser`, an open KAJsonParser, into their containers: the root `ebo`,
+// and what hangs on it. What holds records and is not read itself must hang on it before: the playback
+// container, and for gain control a beamformer's. False as soon as a section fails that must not; what was
+// read until then stays in the tree.
 bool eboReadSections(const EboLoad& load, void* parser, KAEboParam* ebo);

@@ -1,5 +1,5 @@
-// The sections of a tuning file as data: one row per key. The readers run on these tables, and everything else
-// that wants to know the keys enumerates them from kEboLoads (loads.h).
+// The sections of a tuning file as data: one row per key. The readers run on these tables, and everything
+// else that wants to know the keys enumerates them from kEboLoads (loads.h).
 #pragma once
 
 #include <cstddef>
@@ -60,8 +60,8 @@ enum class EboDisabled : uint32_t {
 };
 
 struct EboSection {
-    // What the table cannot say of a key. Called for each one when its turn is over; `text` is what was found of a
-    // key that holds a text, else null.
+    // What the table cannot say of a key. Called for each one when its turn is over; `text` is what was found
+    // of a key that holds a text, else null.
     using Special = void (*)(const EboSection& section, const EboKeyRow& row, const char* text, void* record);
 
     const char* name;       // spelling in the tuning file

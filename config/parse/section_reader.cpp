@@ -76,7 +76,8 @@ void storePair(const char* text, int16_t* field) {
     field[1] = narrow(second);
 }
 
-// On purpose a table goes into the record as a whole, after its last row. Numbers that a text does not supply are 0.
+// On purpose a table goes into the record as a whole, after its last row. Numbers that a text does not supply
+// are 0.
 void storeTableRow(Reading& reading, const EboKeyRow& row, const char* text) {
     float floats[kEboRowNumbers] = {};
     int16_t pair[2] = {};
@@ -149,8 +150,8 @@ int32_t bitUnder(const EboSection& section, const char* root) {
 
 enum class Status { Missing, Disabled, Enabled };
 
-// Sets `bit` in the mask when the section is enabled, and reports a missing status, and a disabled section where
-// that is reported.
+// Sets `bit` in the mask when the section is enabled, and reports a missing status, and a disabled section
+// where that is reported.
 Status readStatus(const Reading& reading, int32_t bit) {
     const EboSection& section = reading.section;
     const EboKeyRow& row = section.rows[0];

@@ -10,9 +10,9 @@
 // A block of zero bytes; a failed allocation is an assertion. The caller owns it.
 void* eboMakeBlock(size_t size, const char* assertion, const char* function, int line);
 
-// Reads the section of the root object `root` from `parser`, an open KAJsonParser. Returns what it has filled: a
-// new record, which the caller owns, or of a section without one the mask. Null when the section fails, when it
-// leaves no record, and for a null argument.
+// Reads the section of the root object `root` from `parser`, an open KAJsonParser. Returns what it has
+// filled: a new record, which the caller owns, or of a section without one the mask. Null when the section
+// fails, when it leaves no record, and for a null argument.
 void* eboReadSection(void* parser, const char* root, int32_t* model_en, const EboSection& section);
 
 // The same with the mask as the section readers take it: int32_t is not int everywhere.

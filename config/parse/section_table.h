@@ -75,8 +75,8 @@ constexpr size_t eboRowBytes(const EboKeyRow& row) {
     }
 }
 
-// Whether the reader can run on a table of rows: fields lie within the record, tables are whole and stand together, and
-// what the table cannot say is said elsewhere. Asked of every section when it is compiled.
+// Whether the reader can run on a table of rows: fields lie within the record, tables are whole and stand
+// together, and what the table cannot say is said elsewhere. Asked of every section when it is compiled.
 constexpr bool eboIsSound(const EboSection& section) {
     if (section.rowCount == 0) return false;
     size_t filled = 0;

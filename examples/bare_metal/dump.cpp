@@ -1,5 +1,5 @@
-// Loads, prints and destroys each part of each tuning in flash: what the log says between the name of a part and the
-// next one is that part's dump.
+// Loads, prints and destroys each part of each tuning in flash: what the log says between the name of a part
+// and the next one is that part's dump.
 #include <ebo_config.h>
 
 #include <initializer_list>

@@ -21,8 +21,8 @@ int holdsAddress(dl_phdr_info* image, size_t, void* address) {
     return 0;
 }
 
-// A record may point at a table of the library itself, which is not to be released. Not by dladdr, which knows nothing
-// in a program that is linked with -static.
+// A record may point at a table of the library itself, which is not to be released. Not by dladdr, which
+// knows nothing in a program that is linked with -static.
 bool isStatic(void* memory) {
     return dl_iterate_phdr(holdsAddress, memory) != 0;
 }

@@ -1,5 +1,5 @@
-// Stand-in for a signal-processing engine: a thread of its own works on one frame after another, with parameters that
-// it borrows.
+// Stand-in for a signal-processing engine: a thread of its own works on one frame after another, with
+// parameters that it borrows.
 #pragma once
 
 #include <ebo_config.h>

@@ -7,8 +7,8 @@ enum class Event { kDump, kChange, kStop, kError };
 
 class Events {
 public:
-    // Blocks SIGUSR1, SIGTERM and SIGINT: to be made before the first thread, and before the file is read, so that no
-    // change goes unseen.
+    // Blocks SIGUSR1, SIGTERM and SIGINT: to be made before the first thread, and before the file is read, so
+    // that no change goes unseen.
     explicit Events(const char* path);
     ~Events();
     Events(const Events&) = delete;

@@ -1,5 +1,6 @@
-// A small audio component: runs an engine with a tuning file, prints the parameters on SIGUSR1 and takes a changed file
-// over while it runs. A bad file never mutes it: the last good parameters stay, at first the built-in ones.
+// A small audio component: runs an engine with a tuning file, prints the parameters on SIGUSR1 and takes a
+// changed file over while it runs. A bad file never mutes it: the last good parameters stay, at first the
+// built-in ones.
 #include <cstdio>
 
 #include "engine.h"

@@ -5,8 +5,8 @@
 
 namespace {
 
-// Some files do not merely fail but abort the process, a channel map of more than 16 channels for one. So another
-// process loads a file first. The log says there what is wrong with it.
+// Some files do not merely fail but abort the process, a channel map of more than 16 channels for one. So
+// another process loads a file first. The log says there what is wrong with it.
 bool loadsElsewhere(const char* path) {
     const pid_t child = fork();
     if (child == 0) {

@@ -41,8 +41,8 @@ private:
 };
 
 // One tuning file: a JSON object of named roots, each an object of named sections, each an object of keys.
-// This framework's takes strict JSON (RFC 8259), UTF-8 without a byte order mark, in regular files of up to 64 MiB. It
-// refuses half a surrogate pair in an escape, which is no text, since findCString promises UTF-8.
+// This framework's takes strict JSON (RFC 8259), UTF-8 without a byte order mark, in regular files of up to
+// 64 MiB. It refuses half a surrogate pair in an escape, which is no text, since findCString promises UTF-8.
 class KAJsonParser {
 public:
     KAJsonParser();
@@ -50,15 +50,16 @@ public:
     KAJsonParser(const KAJsonParser&) = delete;
     KAJsonParser& operator=(const KAJsonParser&) = delete;
 
-    // Reads the file and closes it again. Non-zero on success, also when the document is JSON but no object: then
-    // every section of it is missing, which the callers report. 0 when it cannot be read or is not JSON, or `path` is
-    // null: the framework itself reports the reason, its callers do not, and the document is empty. A framework
-    // whose names cannot hold \u0000 refuses a file with such a name, or it would stand for a shorter one.
+    // Reads the file and closes it again. Non-zero on success, also when the document is JSON but no object:
+    // then every section of it is missing, which the callers report. 0 when it cannot be read or is not JSON,
+    // or `path` is null: the framework itself reports the reason, its callers do not, and the document is
+    // empty. A framework whose names cannot hold \u0000 refuses a file with such a name, or it would stand
+    // for a shorter one.
     int parseFile(const char* path);
 
     // Fills *out with the keys of the section in place of what it held; *out becomes empty when root or
-    // section is missing, not an object, or null. Where `out` is null nothing happens. Non-zero when the section
-    // was found, otherwise 0, but callers go by the record alone.
+    // section is missing, not an object, or null. Where `out` is null nothing happens. Non-zero when the
+    // section was found, otherwise 0, but callers go by the record alone.
     int getOptions(const char* root, const char* section, KaMetaData* out);
 
 private:

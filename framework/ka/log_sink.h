@@ -26,8 +26,9 @@ using KaLogSink = void (*)(const KaLogMessage& message, void* user);
 void ka_install_log_sink(KaLogSink sink, void* user);
 void ka_remove_log_sink();
 
-// From now on messages above `level` are dropped before they are formatted, with a sink and without: 2 leaves the
-// errors, 4 the wake-up mode besides, 5 all that a load or dump has to say. A process starts with INT_MAX.
+// From now on messages above `level` are dropped before they are formatted, with a sink and without: 2 leaves
+// the errors, 4 the wake-up mode besides, 5 all that a load or dump has to say. A process starts with
+// INT_MAX.
 void ka_set_log_level(int level);
 
 #pragma GCC visibility pop

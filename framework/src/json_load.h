@@ -15,6 +15,6 @@ struct JsonLoad {
     uint32_t offset = 0;           // that place
 };
 
-// Decodes strings in place; what the table holds keeps its offset. False when the text is not JSON, and then it is
-// as it was.
+// Decodes strings in place; what the table holds keeps its offset. False when the text is not JSON, and then
+// it is as it was.
 bool loadJson(FileBuffer* file, JsonLoad* load);

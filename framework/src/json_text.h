@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// The first byte after what begins at `at`; null when it is not right. Of a string `at` is the byte after the opening
-// quote, and the result is the closing one; *escapes becomes true when there is an escape in it.
+// The first byte after what begins at `at`; null when it is not right. Of a string `at` is the byte after the
+// opening quote, and the result is the closing one; *escapes becomes true when there is an escape in it.
 const char* skipString(const char* at, bool* escapes);
 const char* skipEscape(const char* at);
 const char* skipNumber(const char* at);

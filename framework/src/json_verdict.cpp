@@ -14,8 +14,8 @@ namespace rj = ka_rapidjson;
 
 namespace {
 
-// Memory for what the reader keeps of a text: its open brackets, and one string or number. One block that is large
-// enough for all of it, since the reader does not expect to be refused more.
+// Memory for what the reader keeps of a text: its open brackets, and one string or number. One block that is
+// large enough for all of it, since the reader does not expect to be refused more.
 class ReaderMemory {
 public:
     explicit ReaderMemory(const FileBuffer& file = {}) : size_(file.size + kSlack) {
@@ -55,8 +55,8 @@ rj::ParseResult read(const char* text, ReaderMemory* memory, size_t* end) {
     return result;
 }
 
-// To the library a number that no double can hold is an error; JSON sets no limit. Leaves of each number its first
-// digit, in the same place, so that all else keeps its place too.
+// To the library a number that no double can hold is an error; JSON sets no limit. Leaves of each number its
+// first digit, in the same place, so that all else keeps its place too.
 void shortenNumbers(char* text) {
     bool escapes;
     for (const char* at = text; *at != '\0'; ++at) {
@@ -71,8 +71,8 @@ void shortenNumbers(char* text) {
     }
 }
 
-// The first escape before `end` that is the second half of a surrogate pair without the first, which older states of the
-// library go past; null when there is none.
+// The first escape before `end` that is the second half of a surrogate pair without the first, which older
+// states of the library go past; null when there is none.
 const char* loneSecondHalf(const char* text, const char* end) {
     while ((text = static_cast<const char*>(memchr(text, '\\', static_cast<size_t>(end - text))))) {
         const char* const next = skipEscape(text);

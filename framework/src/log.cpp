@@ -24,8 +24,9 @@ size_t colourLength(const char* text) {
     return text[length] == 'm' ? length + 1 : 0;
 }
 
-// Makes one line of the text: newlines at its end go, also those before a last colour sequence, others become blanks;
-// colours go unless wanted. Returns its length with the newline, which takes the place of the final NUL.
+// Makes one line of the text: newlines at its end go, also those before a last colour sequence, others become
+// blanks; colours go unless wanted. Returns its length with the newline, which takes the place of the final
+// NUL.
 size_t makeLine(char* text, bool colours) {
     char* to = text;
     size_t newlines = 0;  // seen and not yet written
@@ -49,8 +50,8 @@ size_t makeLine(char* text, bool colours) {
     return static_cast<size_t>(to - text);
 }
 
-// Writes "LEVEL TAG function:line: text" and one newline with a single call of the system, so that lines of several
-// threads do not mix. Colours reach a terminal only.
+// Writes "LEVEL TAG function:line: text" and one newline with a single call of the system, so that lines of
+// several threads do not mix. Colours reach a terminal only.
 void writeLine(const KaLogMessage& message) {
     char digits[12];
     *std::to_chars(digits, digits + sizeof digits - 1, message.level).ptr = '\0';

@@ -50,8 +50,8 @@ void LogText::formatList(const char* format, va_list arguments) {
     if (!plain) formatAny(format, arguments);
 }
 
-// A short text of no conversions but %s and %d, as most are. The C library's own way takes many pages of code and
-// tables, for which the first message of a process would have to wait.
+// A short text of no conversions but %s and %d, as most are. The C library's own way takes many pages of code
+// and tables, for which the first message of a process would have to wait.
 bool LogText::formatPlain(const char* format, va_list arguments) {
     char* to = stack_;
     char* const end = stack_ + sizeof stack_ - 1;

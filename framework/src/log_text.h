@@ -4,8 +4,8 @@
 #include <cstdarg>
 #include <cstdlib>
 
-// Formatted as printf does in the C locale: a short text on the stack, a long one on the heap, cut off where there is
-// no memory for it.
+// Formatted as printf does in the C locale: a short text on the stack, a long one on the heap, cut off where
+// there is no memory for it.
 class LogText {
 public:
     LogText() = default;

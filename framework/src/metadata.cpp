@@ -7,8 +7,9 @@
 
 namespace {
 
-// What most numbers are: up to eight digits, or up to seven and a point, no exponent. The digits and the power of ten are
-// exact floats then, so that their quotient is the nearest float. False for any other number.
+// What most numbers are: up to eight digits, or up to seven and a point, no exponent. The digits and the
+// power of ten are exact floats then, so that their quotient is the nearest float. False for any other
+// number.
 bool shortNumber(const char* at, const char* end, float* out) {
     static constexpr float kPowers[] = {1.0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
     const bool negative = *at == '-';

@@ -1,9 +1,10 @@
-// What a scanner does with most bytes of a text: going past names, plain characters, numbers and blanks. All speed that
-// depends on the processor is here. A text ends in a NUL, which is none of these, and what follows is readable for
-// kFilePadding bytes: as far as a read of this header may reach.
+// What a scanner does with most bytes of a text: going past names, plain characters, numbers and blanks. All
+// speed that depends on the processor is here. A text ends in a NUL, which is none of these, and what follows
+// is readable for kFilePadding bytes: as far as a read of this header may reach.
 //
-// What bounds a scanner is not the number of its instructions but a chain: where a token begins is known only when the
-// one before it has been measured. So steps of measured length are taken as jumps, which the processor guesses.
+// What bounds a scanner is not the number of its instructions but a chain: where a token begins is known only
+// when the one before it has been measured. So steps of measured length are taken as jumps, which the
+// processor guesses.
 #pragma once
 
 #include <cstddef>
@@ -47,8 +48,8 @@ inline size_t zerosBelow(unsigned mask) {
     return static_cast<size_t>(__builtin_ctz(mask));
 }
 
-// `text` + `size`, at most 16, as one jump for each size: what follows need not wait for `size` where the jump is guessed rightly.
-// The empty statements keep the compiler from making a sum of the jumps.
+// `text` + `size`, at most 16, as one jump for each size: what follows need not wait for `size` where the
+// jump is guessed rightly. The empty statements keep the compiler from making a sum of the jumps.
 inline const char* stepOver(const char* text, size_t size) {
     switch (size) {
         // clang-format off
@@ -61,8 +62,8 @@ inline const char* stepOver(const char* text, size_t size) {
     }
 }
 
-// The first byte from `text` on that no name in a tuning file has, at most 16 further on; the closing quote if the name
-// is short.
+// The first byte from `text` on that no name in a tuning file has, at most 16 further on; the closing quote
+// if the name is short.
 inline const char* skipName(const char* text) {
     const __m128i bytes = load(text);
     const unsigned found =
@@ -80,8 +81,8 @@ inline const char* skipPlain(const char* text) {
     }
 }
 
-// The first byte after the number at `text`, or within it when it is longer than a register or has an exponent; null
-// when there is none.
+// The first byte after the number at `text`, or within it when it is longer than a register or has an
+// exponent; null when there is none.
 inline const char* skipShortNumber(const char* text) {
     if (__builtin_expect(*text == '-', false)) {
         ++text;
@@ -108,8 +109,8 @@ inline const char* skipBlankRun(const char* text) {
     return text;
 }
 
-// What stands between a value and the next key, which is mostly the same throughout a document: a comma, a line break,
-// blanks and a quote.
+// What stands between a value and the next key, which is mostly the same throughout a document: a comma, a
+// line break, blanks and a quote.
 class Joint {
 public:
     bool isAt(const char* at) const { return (maskOf(_mm_cmpeq_epi8(load(at), bytes_)) & mask_) == mask_; }

@@ -30,8 +30,8 @@ const char* skipNameAndColon(const char* at) {
     return *at == ':' ? skipBlanks(at + 1) : nullptr;
 }
 
-// The first byte after the array or object at `at`; null when it is not right, or so deep that `room` does not hold the
-// brackets that close it.
+// The first byte after the array or object at `at`; null when it is not right, or so deep that `room` does
+// not hold the brackets that close it.
 const char* skipNested(const char* at, char* room, const char* room_end) {
     char* open = room;  // after the innermost one
     for (;;) {
@@ -74,8 +74,8 @@ const char* skipMatching(const char* at) {
     return at;
 }
 
-// The first byte after the array, object, number or word at `at`, which goes to *entry; null when it is not taken. The
-// table from `unused` on holds no entry yet.
+// The first byte after the array, object, number or word at `at`, which goes to *entry; null when it is not
+// taken. The table from `unused` on holds no entry yet.
 [[gnu::noinline]] const char* skipValue(const char* at, bool known, KaJsonEntry* entry, KaJsonEntry* unused,
                                         KaJsonEntry* table_end) {
     KaJsonKind kind = *at == '{' ? KaJsonKind::kObject : KaJsonKind::kArray;
@@ -110,8 +110,8 @@ void decodeStrings(char* text, const JsonLoad& load) {
     }
 }
 
-// Reads the object whose opening bracket is before `at`, and with it all that is for the table. Returns the first byte
-// after it; null when it is not taken.
+// Reads the object whose opening bracket is before `at`, and with it all that is for the table. Returns the
+// first byte after it; null when it is not taken.
 const char* scanObject(const char* text, const char* at, bool known, JsonLoad* load, bool* escapes) {
     KaJsonEntry* next = load->entries;  // first entry that is not written yet
     KaJsonEntry* end = next + load->capacity;

@@ -1,5 +1,5 @@
-// Looking entries up by name. Of several equal names the last one counts, so siblings are searched from where the
-// last search ended only when no two of them are equal.
+// Looking entries up by name. Of several equal names the last one counts, so siblings are searched from where
+// the last search ended only when no two of them are equal.
 #pragma once
 
 #ifdef __SSE2__
@@ -15,8 +15,8 @@ KaJsonSiblings keysOf(const KaJsonEntry& section, const char* text);
 // The one that is called `name`; null when there is none.
 const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text);
 
-// With a vector register a short name is compared at once. Nobody knows how long `name` is: the read may go beyond its
-// end, but stays within its page, and so never fails; what it reads there counts for nothing.
+// With a vector register a short name is compared at once. Nobody knows how long `name` is: the read may go
+// beyond its end, but stays within its page, and so never fails; what it reads there counts for nothing.
 __attribute__((no_sanitize("address"))) inline bool isCalled(const KaJsonEntry& entry, const char* name,
                                                              const char* text) {
     const char* const own = text + entry.name;

@@ -1,4 +1,5 @@
-// The printer of floats against the C library's, which prints them exactly too. EBO_FLOATS is how many random ones.
+// The printer of floats against the C library's, which prints them exactly too. EBO_FLOATS is how many random
+// ones.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <ka/log_ring.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdio>
 
@@ -57,7 +58,7 @@ TEST(ExampleFrameworkSection, HasNothingToFillWithoutARecord) {
 
 TEST(ExampleFrameworkFile, MustBeARegularOne) {
     const std::string folder = testing::TempDir();
-    const std::string pipe = folder + "example_framework_pipe";
+    const std::string pipe = folder + std::to_string(getpid()) + "-example_framework_pipe";
     std::remove(pipe.c_str());
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(complaint(pipe.c_str()), "is not a regular file");

@@ -1,4 +1,5 @@
-// Documents made to hurt: deep, wide, repetitive. All of it must take time in proportion to the size of the file.
+// Documents made to hurt: deep, wide, repetitive. All of it must take time in proportion to the size of the
+// file.
 #include <gtest/gtest.h>
 
 #include "calls.h"

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-// What differs in accepting, table, offsets or decoded texts, or what the scanner did to a text that it does not take;
-// "" when all is right.
+// What differs in accepting, table, offsets or decoded texts, or what the scanner did to a text that it does
+// not take; "" when all is right.
 std::string scanDifference(std::string_view text);
 
 // Whether the quick scanner takes the text.

@@ -1,4 +1,5 @@
-// A tuning file as the model reads it: with another JSON library than the framework's, and numbers kept as text.
+// A tuning file as the model reads it: with another JSON library than the framework's, and numbers kept as
+// text.
 #pragma once
 
 #include <cstdint>
@@ -17,8 +18,8 @@ struct Value {
     std::map<std::string, Value> members;
 };
 
-// The document down to the keys of its sections; what lies deeper is left out. Of members of one name the last
-// one counts. Nothing when the bytes are not one JSON value in UTF-8.
+// The document down to the keys of its sections; what lies deeper is left out. Of members of one name the
+// last one counts. Nothing when the bytes are not one JSON value in UTF-8.
 std::optional<Value> readDocument(const std::string& bytes);
 
 }  // namespace model

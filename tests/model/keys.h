@@ -1,5 +1,5 @@
-// The sections, their keys and the lines of their dumps as the tests know them: the one list of theirs, never the
-// library's tables. What is new is added here.
+// The sections, their keys and the lines of their dumps as the tests know them: the one list of theirs, never
+// the library's tables. What is new is added here.
 #pragma once
 
 #include <cstdint>
@@ -78,7 +78,8 @@ const std::vector<Block>& aecBlocks();
 const std::vector<Block>& beamFormBlocks();
 const std::vector<Block>& aoBlocks();
 
-// The order in which a load that fails releases its records, and in which a beamformer's modules are destroyed.
+// The order in which a load that fails releases its records, and in which a beamformer's modules are
+// destroyed.
 const std::vector<std::string>& cleanUpOrder();
 const std::vector<std::string>& destroyOrder();
 

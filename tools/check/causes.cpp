@@ -113,7 +113,7 @@ private:
         // The first one's sections go before those of the second.
         const size_t begin = members.front()->name_offset - 1;
         const size_t end = source_.endOf(*members.back());
-        const std::string moved(source_.text().substr(begin, end - begin));
+        const std::string moved(source_.between(begin, end));
         const bool isEmpty = source_.children(*second).empty();
         std::vector<TextEdit> edits = removal(*first);
         edits.push_back({second->value_offset + size_t{1}, 0, moved + (isEmpty ? "" : ",")});
@@ -159,7 +159,7 @@ private:
         }
         for (const KaJsonItem* item : outside) {
             const size_t begin = item->name_offset - 1;
-            const std::string moved(source_.text().substr(begin, source_.endOf(*item) - begin));
+            const std::string moved(source_.between(begin, source_.endOf(*item)));
             std::vector<TextEdit> edits = removal(*item);
             edits.push_back({close, 0, (own.empty() ? "" : ", ") + moved});
             add(begin,

@@ -1,4 +1,5 @@
-// One cause of many findings: root objects and sections that are in the file, but not where a device looks for them.
+// One cause of many findings: root objects and sections that are in the file, but not where a device looks
+// for them.
 #pragma once
 
 #include <optional>

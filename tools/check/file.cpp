@@ -136,7 +136,8 @@ std::string effectOf(const CheckReport& report) {
     return "goes on, and reads nothing of what is in the wrong place";
 }
 
-// The same without what one cause explains: the text is judged with each cause mended that leaves less to report.
+// The same without what one cause explains: the text is judged with each cause mended that leaves less to
+// report.
 CheckReport judgeByCauses(std::unique_ptr<CheckSource> source, Part part) {
     constexpr int kMostTries = 10;
     CheckReport report = judge(*source, part);
@@ -182,7 +183,8 @@ bool isGuessed(const TextPlace& place, const std::vector<CheckFinding>& faults) 
     });
 }
 
-// A file that cannot be read, or is not JSON: all loads fail. What else is wrong is told as well once it is mended.
+// A file that cannot be read, or is not JSON: all loads fail. What else is wrong is told as well once it is
+// mended.
 CheckReport checkBroken(std::unique_ptr<CheckSource> source, Part part) {
     CheckReport report;
     const KaJsonError error = source->error();

@@ -10,7 +10,8 @@
 #include "check/report.h"
 #include "check/source.h"
 
-// Keys, sections and root objects of this name are notes: a device ignores them, as it does every unknown name.
+// Keys, sections and root objects of this name are notes: a device ignores them, as it does every unknown
+// name.
 inline bool isNote(std::string_view name) {
     return name.substr(0, 1) == "_" || name.substr(0, 2) == "//";
 }
@@ -20,19 +21,19 @@ std::string howToRename(std::string_view written, const std::string& meant);
 
 class CheckNames {
 public:
-    // `what` is "root object", "section" or "key"; `known` are the names that belong here. The source, to which
-    // the items belong, must outlive it.
+    // `what` is "root object", "section" or "key"; `known` are the names that belong here. The source, to
+    // which the items belong, must outlive it.
     CheckNames(const CheckSource& source, CheckSource::Items items, std::vector<std::string> known,
                const char* what);
 
     const KaJsonItem* last(const std::string& name) const;
 
-    // The item that was most likely meant to be called `absent`, which is known and missing; null when there is
-    // none. Whoever asks reports the slip: report() then says nothing more about that item.
+    // The item that was most likely meant to be called `absent`, which is known and missing; null when there
+    // is none. Whoever asks reports the slip: report() then says nothing more about that item.
     const KaJsonItem* takeSlip(const std::string& absent);
 
-    // The items "LimitRatio_1" up to "LimitRatio_3" where "LimitRatio_0", the `first`, up to "LimitRatio_2" are known;
-    // none when the rows are not counted like that.
+    // The items "LimitRatio_1" up to "LimitRatio_3" where "LimitRatio_0", the `first`, up to "LimitRatio_2"
+    // are known; none when the rows are not counted like that.
     CheckSource::Items rowsCountedFromOne(const std::string& first) const;
 
     // Something else was said about this item.

@@ -26,6 +26,7 @@ struct CheckPass {
     bool isError(const CheckStep& step) const { return chosen && (step.required || strict); }
 };
 
-// The loads that `part` means for a file with these root objects; for the whole capture path the other roots too,
-// unchosen. Without a part every root that the file has, or misspells, is judged by the load of the whole of it.
+// The loads that `part` means for a file with these root objects; for the whole capture path the other roots
+// too, unchosen. Without a part every root that the file has, or misspells, is judged by the load of the
+// whole of it.
 std::vector<CheckPass> checkPlan(Part part, const std::vector<std::string>& roots);

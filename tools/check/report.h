@@ -1,4 +1,5 @@
-// What eboconf check finds in one file, as data. A code never changes its meaning; docs/check.md shows each at work.
+// What eboconf check finds in one file, as data. A code never changes its meaning; docs/check.md shows each
+// at work.
 #pragma once
 
 #include <parse/loads.h>
@@ -19,8 +20,9 @@ struct CheckCode {
     const char* title;
 };
 
-// One row per code. EBO1xx: the load fails or aborts, or leaves a record out that the file asks for. EBO2xx: it does
-// not; EBO202 to EBO208 are the faults EBO102 to EBO108 that do no such thing to the load which is checked.
+// One row per code. EBO1xx: the load fails or aborts, or leaves a record out that the file asks for. EBO2xx:
+// it does not; EBO202 to EBO208 are the faults EBO102 to EBO108 that do no such thing to the load which is
+// checked.
 // clang-format off
 #define EBO_CHECK_CODES(ROW) \
     ROW(kUnreadable,         "EBO100", Error,   "file that cannot be read") \

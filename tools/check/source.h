@@ -1,9 +1,10 @@
-// A tuning file under check: what the parser made of it, and its text. The text may have been mended in memory; its
-// places are those of the file.
+// A tuning file under check: what the parser made of it, and its text. The text may have been mended in
+// memory; its places are those of the file.
 #pragma once
 
 #include <ka/json_table.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,13 @@ public:
     // A number as written, and the text of a string.
     static std::string_view value(const KaJsonItem& item) { return {item.value, item.value_length}; }
     static std::string_view name(const KaJsonItem& item) { return {item.name, item.name_length}; }
+
+    // As much of it as there is: the file may have changed since it was parsed.
+    std::string_view between(size_t begin, size_t end) const {
+        const std::string_view all = text();
+        begin = std::min(begin, all.size());
+        return all.substr(begin, std::max(end, begin) - begin);
+    }
 
     // What is between its '[' and the next ']'; empty of anything else.
     std::string_view insideArray(const KaJsonItem& item) const;

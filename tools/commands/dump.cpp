@@ -27,7 +27,8 @@ void showLog(std::vector<LogMessage> messages, const SpooledFile& spooled) {
     logAgain(messages);
 }
 
-// What no device logs is left out, unless there is nothing else or it was asked for. None when the file is not JSON.
+// What no device logs is left out, unless there is nothing else or it was asked for. None when the file is
+// not JSON.
 std::vector<const EboLoad*> loggedLoads(const DumpOptions& options, const SpooledFile& spooled) {
     KAJsonParser document;
     bool parsed = false;

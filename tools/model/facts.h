@@ -1,5 +1,5 @@
-// What there is to know about a section and a key, as texts. All of it is asked of the readers' tables, of the create
-// functions and of the readers; only the meanings are written down.
+// What there is to know about a section and a key, as texts. All of it is asked of the readers' tables, of
+// the create functions and of the readers; only the meanings are written down.
 #pragma once
 
 #include <string>

@@ -22,8 +22,8 @@ struct LogMessage {
     std::string tag;
 };
 
-// Hands `keep` each message that is logged while `run` runs, in place of the log. When `keep` throws, the exception
-// goes on once `run` is through: the framework, which calls it, knows no exceptions.
+// Hands `keep` each message that is logged while `run` runs, in place of the log. When `keep` throws, the
+// exception goes on once `run` is through: the framework, which calls it, knows no exceptions.
 void withLog(const std::function<void()>& run, const std::function<void(const KaLogMessage&)>& keep);
 
 // The messages that are logged while `load` runs.
@@ -31,5 +31,6 @@ std::vector<LogMessage> messagesOf(const std::function<void()>& load);
 // Logs them again as they were.
 void logAgain(const std::vector<LogMessage>& messages);
 
-// The library asserts its allocations, and aborts. `end` is called before it does so within withLog(); null: nothing.
+// The library asserts its allocations, and aborts. `end` is called before it does so within withLog(); null:
+// nothing.
 void beforeAssertion(void (*end)());

@@ -3,8 +3,8 @@
 #include <cstring>
 #include <iterator>
 
-// All values go to the engine unchanged. Units stand where they are known; where the engine alone knows what a value
-// does, the text reads the name and claims no more.
+// All values go to the engine unchanged. Units stand where they are known; where the engine alone knows what
+// a value does, the text reads the name and claims no more.
 // One key, one line.
 // clang-format off
 const Meaning kMeanings[] = {

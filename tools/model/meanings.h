@@ -1,5 +1,6 @@
-// What the sections and keys of a tuning file mean, for people. Nothing but the meanings: types, order, defaults
-// and the rest come from the readers' tables. The status of a section needs none: it means the same everywhere.
+// What the sections and keys of a tuning file mean, for people. Nothing but the meanings: types, order,
+// defaults and the rest come from the readers' tables. The status of a section needs none: it means the same
+// everywhere.
 #pragma once
 
 #include <cstddef>

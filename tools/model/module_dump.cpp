@@ -4,15 +4,16 @@
 
 namespace {
 
-// The lines of `all` that `fewer` lacks, given that they stand together and after the first `head` lines, which show
-// the mask and so differ as well.
+// The lines of `all` that `fewer` lacks, given that they stand together and after the first `head` lines,
+// which show the mask and so differ as well.
 DumpLines block(const DumpLines& all, const DumpLines& fewer, size_t head) {
     const auto skip = static_cast<std::ptrdiff_t>(head);
     const auto begin = std::mismatch(fewer.begin() + skip, fewer.end(), all.begin() + skip, all.end()).second;
     return {begin, begin + static_cast<std::ptrdiff_t>(all.size() - fewer.size())};
 }
 
-// What `Dump` prints of a container's record under another mask. The record is copied, what it points at is not.
+// What `Dump` prints of a container's record under another mask. The record is copied, what it points at is
+// not.
 template <auto Mask, auto Dump, typename Container>
 DumpLines linesWith(const Container* container, int32_t mask) {
     if (container == nullptr) return {};

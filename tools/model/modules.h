@@ -18,8 +18,8 @@ struct ModuleRow {
     std::vector<std::string> why;  // what the other columns do not say, one sentence each
 };
 
-// What becomes of it: "enabled" or "disabled", "missing" without the record that it should have, or "loaded" when its
-// status goes nowhere.
+// What becomes of it: "enabled" or "disabled", "missing" without the record that it should have, or "loaded"
+// when its status goes nowhere.
 const char* effectOf(const ModuleRow& row);
 
 struct MaskValue {

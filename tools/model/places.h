@@ -1,5 +1,5 @@
-// Every section and key of a tuning file, and where their values stand in loaded records: the loads' and the readers'
-// own tables, seen from a file.
+// Every section and key of a tuning file, and where their values stand in loaded records: the loads' and the
+// readers' own tables, seen from a file.
 #pragma once
 
 #include <parse/loads.h>
@@ -22,8 +22,8 @@ struct SectionPlace {
     void* recordOf(const Tuning& tuning) const;  // null without one
     // Null without one, and of a mask that nobody gets: the root's, when a component alone is loaded.
     int32_t* maskOf(const Tuning& tuning) const;
-    // Whether `tuning` has what the section belongs to: its own record when that is a container, otherwise the record
-    // that it hangs on.
+    // Whether `tuning` has what the section belongs to: its own record when that is a container, otherwise
+    // the record that it hangs on.
     bool isIn(const Tuning& tuning) const;
     // Its keys are read, and required, whatever its status.
     bool readWhenDisabled() const { return section->whenDisabled == EboDisabled::IsRead; }

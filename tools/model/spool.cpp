@@ -25,7 +25,8 @@ auto repeated(Call call) {
     return result;
 }
 
-// An empty file without a name: in memory, or on the disk where the system has no such thing; negative on failure.
+// An empty file without a name: in memory, or on the disk where the system has no such thing; negative on
+// failure.
 int unnamedFile() {
     const int memory = memfd_create("eboconf", MFD_CLOEXEC);
     if (memory >= 0) return memory;

@@ -1,5 +1,6 @@
-// Lets the framework, which loads regular files by their names only, load what comes from standard input or from a pipe
-// ("eboconf diff <(...) b.json"): as a copy in memory, which has no name that could stay on a disk.
+// Lets the framework, which loads regular files by their names only, load what comes from standard input or
+// from a pipe ("eboconf diff <(...) b.json"): as a copy in memory, which has no name that could stay on a
+// disk.
 #pragma once
 
 #include <string>
@@ -8,8 +9,8 @@ class SpooledFile {
 public:
     enum class Copy { WhenNeeded, Always };
 
-    // "-" is standard input. With Copy::Always a regular file is copied too, so that what is loaded and text() are
-    // the same bytes.
+    // "-" is standard input. With Copy::Always a regular file is copied too, so that what is loaded and
+    // text() are the same bytes.
     explicit SpooledFile(const std::string& file, Copy copy = Copy::WhenNeeded);
     ~SpooledFile();
     SpooledFile(const SpooledFile&) = delete;

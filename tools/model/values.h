@@ -5,8 +5,8 @@
 
 #include "model/places.h"
 
-// The fewest digits that read back as the same float: plain where that stays short, else with an exponent; "inf",
-// "-inf", "nan" and "-nan" as in the rows of a table.
+// The fewest digits that read back as the same float: plain where that stays short, else with an exponent;
+// "inf", "-inf", "nan" and "-nan" as in the rows of a table.
 std::string floatText(float value);
 
 // Number `i` of a key.

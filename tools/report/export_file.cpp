@@ -103,8 +103,8 @@ private:
         return member.item.level == 1 ? "root object" : member.item.level == 2 ? "section" : "key";
     }
 
-    // First those of `names`, in that order, each handed to `write`, with null when it is missing; then the others. The
-    // notes before a member go with it.
+    // First those of `names`, in that order, each handed to `write`, with null when it is missing; then the
+    // others. The notes before a member go with it.
     template <typename Write>
     void writeMembers(const Members& members, const Names& names, Write write) {
         struct Group {

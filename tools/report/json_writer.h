@@ -1,5 +1,5 @@
-// Writes JSON, two blanks per level, with numbers as they are to be read: what a file states, or the fewest digits of a
-// float. Always UTF-8: what is none in a text becomes U+FFFD.
+// Writes JSON, two blanks per level, with numbers as they are to be read: what a file states, or the fewest
+// digits of a float. Always UTF-8: what is none in a text becomes U+FFFD.
 #pragma once
 
 #include <memory>

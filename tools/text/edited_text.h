@@ -23,8 +23,8 @@ public:
     const std::string& original() const { return original_; }
     const std::string& text() const { return text_; }
 
-    // Applies edits of the text as it is now, which ascend and do not overlap, and gives them as edits of the original;
-    // nothing, and no change, when they touch what was edited before.
+    // Applies edits of the text as it is now, which ascend and do not overlap, and gives them as edits of the
+    // original; nothing, and no change, when they touch what was edited before.
     std::optional<std::vector<TextEdit>> apply(const std::vector<TextEdit>& edits);
 
     // Where a byte of the text stands in the original; of a byte that was put in, where it would go.

@@ -1,4 +1,5 @@
-// Characters that look like others, or like nothing: what is pasted from a web page, a document or another keyboard.
+// Characters that look like others, or like nothing: what is pasted from a web page, a document or another
+// keyboard.
 #pragma once
 
 #include <optional>

@@ -13,8 +13,8 @@ enum class Style { Bold, Faint, Red, Green };
 // `text` in that style where colours are wanted, otherwise as it is.
 std::string styled(Style style, const std::string& text);
 
-// `text` broken at blanks into lines that fit `width` columns with `indent` blanks before each; ends in a line
-// break.
+// `text` broken at blanks into lines that fit `width` columns with `indent` blanks before each; ends in a
+// line break.
 std::string wrapped(const std::string& text, size_t indent, size_t width);
 
 // `text` filled up with blanks to `width` columns; UTF-8.

@@ -10,7 +10,8 @@ struct Utf8Character {
     size_t length;  // in bytes; 0: no character begins there
 };
 
-// The character that begins at `at`, which lies inside the text. Overlong forms and halves of surrogate pairs are none.
+// The character that begins at `at`, which lies inside the text. Overlong forms and halves of surrogate pairs
+// are none.
 Utf8Character utf8At(std::string_view text, size_t at);
 
 inline bool continuesUtf8(char c) {

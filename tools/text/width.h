@@ -4,7 +4,8 @@
 #include <string>
 #include <string_view>
 
-// In columns: 2 for the letters of East Asia and for pictures, none for marks that combine with the letter before.
+// In columns: 2 for the letters of East Asia and for pictures, none for marks that combine with the letter
+// before.
 size_t widthOf(std::string_view text);
 
 // `text`, or as many of its characters as leave room for "..." in `width` columns.

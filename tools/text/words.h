@@ -6,7 +6,8 @@
 #include <string_view>
 #include <vector>
 
-// In double quotes as JSON writes it: quotes, backslashes and what a terminal does not show as it is as escapes.
+// In double quotes as JSON writes it: quotes, backslashes and what a terminal does not show as it is as
+// escapes.
 std::string inQuotes(std::string_view text);
 
 // What is no character or would steer the terminal as '?'.
@@ -21,6 +22,6 @@ bool isZeroAsWritten(std::string_view number);
 // "3 numbers", "1 number"
 std::string countOf(size_t count, const char* noun);
 
-// The candidate that `name` is most likely a slip of: same letters in other case, or a few letters wrong, missing,
-// surplus or exchanged. Empty when none is near.
+// The candidate that `name` is most likely a slip of: same letters in other case, or a few letters wrong,
+// missing, surplus or exchanged. Empty when none is near.
 std::string nearestName(std::string_view name, const std::vector<std::string>& candidates);

@@ -1,5 +1,5 @@
-// The host framework as the configuration library sees it. What each call promises is said in the header of the same
-// name of the embedded default; here stands what is this framework's own.
+// The host framework as the configuration library sees it. What each call promises is said in the header of
+// the same name of the embedded default; here stands what is this framework's own.
 #pragma once
 
 #include <cstddef>

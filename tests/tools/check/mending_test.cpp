@@ -1,4 +1,5 @@
-// What a report says besides words: edits that mend the file, as much as a report may hold, and where it ends.
+// What a report says besides words: edits that mend the file, as much as a report may hold, and where it
+// ends.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <ka/log_sink.h>
@@ -26,7 +27,7 @@ CheckReport checkPath(const std::string& path) {
 
 CheckReport checkText(const std::string& text, const char* part = "auto") {
     const LogCatcher ignored;
-    const std::string path = testing::TempDir() + "mending.json";
+    const std::string path = testing::TempDir() + std::to_string(getpid()) + "-mending.json";
     std::ofstream(path, std::ios::binary) << text;
     CheckReport report = checkFile(path, partNamed(part));
     std::remove(path.c_str());
@@ -122,7 +123,7 @@ TEST(Reports, ReadOnUpToSoManyFaultsOfSyntax) {
 
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__) && !defined(__clang__)
 TEST(SeveralFiles, AreRefusedWithoutMemory) {
-    const std::string path = testing::TempDir() + "large.json";
+    const std::string path = testing::TempDir() + std::to_string(getpid()) + "-large.json";
     std::ofstream(path) << "{\"_\": \"" << std::string(60'000'000, 'x') << "\"}";
     const auto check = [&path] {
         size_t pages = 0;
@@ -131,7 +132,8 @@ TEST(SeveralFiles, AreRefusedWithoutMemory) {
         const rlimit room = {used + 40'000'000, used + 40'000'000};
         setrlimit(RLIMIT_AS, &room);
         ka_install_log_sink([](const KaLogMessage&, void*) {}, nullptr);
-        // Who finds no memory first says so: the framework as a file that it cannot read, others by an exception.
+        // Who finds no memory first says so: the framework as a file that it cannot read, others by an
+        // exception.
         size_t refused = 0;
         try {
             for (const CheckReport& report :

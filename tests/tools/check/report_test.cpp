@@ -1,6 +1,7 @@
 // The reports: the faulty files with theirs, the codes, several files at once.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -145,7 +146,7 @@ TEST(Places, CountCharactersInOneLongLine) {
     const LogCatcher ignored;
     std::string note;
     for (int i = 0; i < 3000; ++i) note += "\xC3\xA9";
-    const std::string path = testing::TempDir() + "one-long-line.json";
+    const std::string path = testing::TempDir() + std::to_string(getpid()) + "-one-long-line.json";
     std::ofstream(path) << R"({"note": ")" << note << R"(", "ebo_config": {}})";
     const CheckReport report = checkFile(path, partNamed("full"));
     std::remove(path.c_str());

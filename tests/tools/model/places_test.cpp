@@ -2,6 +2,7 @@
 #include "model/places.h"
 
 #include <gmock/gmock.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <fstream>
@@ -99,7 +100,8 @@ protected:
         const std::string member = '"' + std::string(place.section->name) + "\": " + section + comma;
         const std::string unknown = "\"unknown\": {}" + comma;
         text.replace(begin, end + comma.size() - begin, section.empty() ? unknown : member);
-        const std::string file = testing::TempDir() + "catalogue-" + nameOf(place) + ".json";
+        const std::string file =
+            testing::TempDir() + std::to_string(getpid()) + "-" + nameOf(place) + ".json";
         std::ofstream(file) << text;
         bool loaded = false;
         messagesOf([&] { loaded = CaptureRoot(parseEboConfigs(file.c_str())) != nullptr; });

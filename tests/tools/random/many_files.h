@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-// The examples, the faulty inputs, and roots that are missing, empty, of other types, repeated, or that only look like
-// roots.
+// The examples, the faulty inputs, and roots that are missing, empty, of other types, repeated, or that only
+// look like roots.
 std::vector<std::string> givenTexts();
 
 // The same and 2,000 mutations of the examples.

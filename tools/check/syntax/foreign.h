@@ -7,7 +7,8 @@
 
 #include "check/syntax/mend.h"
 
-// What the text is instead of JSON; nothing when that cannot be told. Without edits nothing of it can be read.
+// What the text is instead of JSON; nothing when that cannot be told. Without edits nothing of it can be
+// read.
 std::optional<SyntaxMend> recogniseForeign(std::string_view text);
 
 // The conflicts of a merge, both sides of each; the edits keep the first.

@@ -14,8 +14,8 @@ bool endsValue(char c) {
     return isAnyOf(c, "\"}]") || isLetter(c) || isDigit(c);
 }
 
-// A string that never ended ends with the text too. A text that is cut off inside of a section has lost so much that
-// reading on tells nothing.
+// A string that never ended ends with the text too. A text that is cut off inside of a section has lost so
+// much that reading on tells nothing.
 SyntaxMend mendEnd(const SyntaxStop& stop) {
     const std::string open = openBrackets(stop.text);
     SyntaxMend mend = {

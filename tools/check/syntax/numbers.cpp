@@ -13,7 +13,8 @@ constexpr char kUnits[] =
     "write the number with digits and a decimal point only: no unit, nothing between the digits";
 constexpr char kInNumbers[] = "0123456789+-.eE";
 
-// What a comma after a digit, and before `rest`, is: in "0,5" a decimal one, in "100,000.0" one between thousands.
+// What a comma after a digit, and before `rest`, is: in "0,5" a decimal one, in "100,000.0" one between
+// thousands.
 enum class Comma { Decimal, Thousands, Either };
 
 Comma commaBefore(std::string_view rest) {
@@ -84,7 +85,8 @@ std::string asJson(std::string_view written) {
     return error == std::errc() && end == number.data() + number.size() ? number : std::string();
 }
 
-// What is written from `begin` on in the place of a number: up to a comma, a bracket, a comment or the line's end.
+// What is written from `begin` on in the place of a number: up to a comma, a bracket, a comment or the line's
+// end.
 std::string_view writtenFrom(std::string_view text, size_t begin) {
     const size_t end = text.find_first_of(",}]\r\n\"/#;", begin);
     std::string_view written = text.substr(begin, end - begin);
@@ -92,7 +94,8 @@ std::string_view writtenFrom(std::string_view text, size_t begin) {
     return written;
 }
 
-// The number without its unit and what separates its digits: "24.0 dB" is 24.0, "100_000" is 100000, "0x30" is 48.
+// The number without its unit and what separates its digits: "24.0 dB" is 24.0, "100_000" is 100000, "0x30"
+// is 48.
 std::string withoutUnit(std::string_view written) {
     unsigned hexadecimal = 0;
     if (written.substr(0, 2) == "0x" || written.substr(0, 2) == "0X") {

@@ -1,5 +1,5 @@
-// Preloaded into the tool: allocations fail from a given one on, counted from main(), and memory that is a file does not
-// exist. FAIL_AT=0 counts alone, and says on descriptor 9 how many there were.
+// Preloaded into the tool: allocations fail from a given one on, counted from main(), and memory that is a
+// file does not exist. FAIL_AT=0 counts alone, and says on descriptor 9 how many there were.
 #include <dlfcn.h>
 #include <unistd.h>
 
