@@ -1,36 +1,17 @@
 // The check and the loaders agree about every file: what fails, what aborts, and with which messages.
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <map>
 #include <set>
 
+#include "../random/memory_file.h"
 #include "check/file.h"
 #include "check/plan.h"
 #include "loading.h"
 #include "mutation.h"
 
 namespace {
-
-// A file without a disk: thousands are written.
-class MemoryFile {
-public:
-    MemoryFile() : descriptor_(memfd_create("mutation.json", 0)) {}
-    ~MemoryFile() { close(descriptor_); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
-
-    std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
-    void write(const std::string& text) const {
-        ASSERT_EQ(ftruncate(descriptor_, 0), 0);
-        ASSERT_EQ(pwrite(descriptor_, text.data(), text.size(), 0), static_cast<ssize_t>(text.size()));
-    }
-
-private:
-    const int descriptor_;
-};
 
 // True when the check of `part` and the loader of each load that it judges agree; `part` may be "auto".
 bool agrees(const std::string& part, const std::string& path, CheckReport* report) {
