@@ -9,6 +9,10 @@
 
 #include <stdint.h>
 
+// A number for the layout of the records, another one whenever a size or an offset changes. The library does
+// not compile with a wrong one, and says which is right. eboLayout() of <ebo_version.h> gives the library's.
+#define EBO_LAYOUT 0x19BF6A0DU
+
 // ---- enable bits
 
 // KAEboParam::model_en: which paths are configured.

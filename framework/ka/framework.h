@@ -74,7 +74,7 @@ private:
 #endif
 
 // One message to the log: a printf format and, after the line, its arguments. It may hold terminal colour
-// sequences and end in a newline, inside the colour or behind it; null under "%s" is allowed. `level` is 2
+// sequences and end in a newline, inside the colour or after it; null under "%s" is allowed. `level` is 2
 // for an error, 4 for a notice, 5 for information. `channel` names the sender, for hosts that tell senders
 // apart; tag, function and line say where the message comes from. All texts are the caller's. The call
 // returns, whatever the level.

@@ -11,11 +11,11 @@ enum class KaJsonKind : uint8_t { kNull, kBool, kNumber, kString, kArray, kObjec
 struct KaJsonItem {
     const char* name = nullptr;   // decoded, ends in NUL
     uint32_t name_length = 0;     // bytes; more than strlen(name) if the name holds \u0000
-    uint32_t name_offset = 0;     // byte of the file behind the name's opening quote
+    uint32_t name_offset = 0;     // byte of the file after the name's opening quote
     KaJsonKind kind = {};         // of the value
     const char* value = nullptr;  // string: decoded, ends in NUL; number: as written; else null
     uint32_t value_length = 0;    // bytes
-    uint32_t value_offset = 0;    // byte of the file where the value begins; of a string behind its quote
+    uint32_t value_offset = 0;    // byte of the file where the value begins; of a string after its quote
     uint32_t index = 0;           // counted from 0 in file order
     uint32_t level = 0;           // 1 root, 2 section, 3 key
 };
@@ -43,7 +43,7 @@ public:
 private:
     const KAJsonParser& parser_;
     uint32_t index_ = 0;
-    uint32_t root_end_ = 0;     // index behind the current root and all below it
+    uint32_t root_end_ = 0;     // index after the current root and all below it
     uint32_t section_end_ = 0;  // the same for the current section
 };
 

@@ -35,12 +35,12 @@ TEST_P(Deep, DocumentLoads) {
     EXPECT_NE(0, document.loaded) << document.message;
 }
 
-TEST_P(Deep, ValueOfAKeyHidesNothingBehindIt) {
+TEST_P(Deep, ValueOfAKeyHidesNothingAfterIt) {
     Document document("{\"r\": {\"s\": {\"k\": " + nest(kMillion) + ", \"last\": 7}}}");
     EXPECT_EQ(7, valueOf(document));
 }
 
-TEST_P(Deep, NeighboursOfSectionsAndRootsHideNothingBehindThem) {
+TEST_P(Deep, NeighboursOfSectionsAndRootsHideNothingAfterThem) {
     const std::string nested = nest(1000);
     Document document("{\"q\": " + nested + ", \"r\": {\"t\": " + nested + ", \"s\": {\"last\": 7}}}");
     EXPECT_EQ(7, valueOf(document));

@@ -70,7 +70,7 @@ const std::string kGood = aecFile(R"("delay_len": 7)");
 INSTANTIATE_TEST_SUITE_P(, HostileText, testing::Values(
     Text{"ByteOrderMark", "\xEF\xBB\xBF" + kGood, "refused: save the file as UTF-8 without one"},
     Text{"NulByteInText", aecFile(std::string("\"delay_len\": 7, \"x\": \"a\0b\"", 26)), "refused: a NUL byte"},
-    Text{"NulByteBehind", kGood + std::string(1, '\0'), "refused: a NUL byte"},
+    Text{"NulByteAtTheEnd", kGood + std::string(1, '\0'), "refused: a NUL byte"},
     Text{"InvalidUtf8", aecFile("\"delay_len\": 7, \"x\": \"\xC0\xAF\""), "refused: a string that is not UTF-8"},
     Text{"MillionLevelsInAKey", aecFile("\"delay_len\": 7, \"x\": " + nested(1000000)), ""},
     Text{"MillionLevelsUnclosed", std::string(1000000, '['), "refused: the text ends too early"},

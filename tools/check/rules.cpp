@@ -71,7 +71,8 @@ void checkMaskBit(const RuleSubject& subject, const EboKeyRow& row) {
 
 void checkModel(const RuleSubject& subject) {
     if (hasText(subject, "model_path")) return;
-    subject.report.add({&kNoModel, subject.placeOf("model_path"), "\"ainr\" is enabled without a model",
+    subject.report.add({&kNoModel, subject.placeOf("model_path"),
+                        inQuotes(subject.section.name) + " is enabled without a model",
                         "enables the module with no \"model_path\", and says nothing",
                         "set \"model_path\" to the model's file, or disable the section"});
 }
@@ -94,9 +95,10 @@ void checkRules(const RuleSubject& subject) {
         if (rule.section == std::string_view(subject.section.name)) checkOrder(subject, rule);
     }
     const EboSection& section = subject.section;
-    if (section.whenDisabled == EboDisabled::GoesByMask) checkWakeup(subject);
-    if (section.whenDisabled == EboDisabled::LeavesZeros) checkModel(subject);
     for (const EboKeyRow* row : keysOf(section)) {
+        const std::string_view key = row->key;
+        if (key == "wakeup_words") checkWakeup(subject);
+        if (key == "model_path") checkModel(subject);
         if (row->kind == EboKeyKind::MaskBit) checkMaskBit(subject, *row);
     }
 }

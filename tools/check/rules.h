@@ -22,7 +22,7 @@ struct RuleSubject {
     const EboSection& section;
     const KaMetaData& keys;
     bool enabled;
-    // The value of a key, or the section's status when the key is missing.
+    // The value of a key; of one that is missing the section's status, or the section's name.
     std::function<TextPlace(const char* key)> placeOf;
 };
 void checkRules(const RuleSubject& subject);

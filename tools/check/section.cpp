@@ -257,8 +257,10 @@ private:
     }
 
     TextPlace valueOrStatus(const char* key) const {
-        const KaJsonItem* item = names_.last(key);
-        return source_.valueOf(item != nullptr ? *item : *names_.last("status"));
+        for (const char* stated : {key, "status"}) {
+            if (const KaJsonItem* item = names_.last(stated)) return source_.valueOf(*item);
+        }
+        return source_.nameOf(item_);
     }
     TextPlace valueOf(const EboKeyRow& row) const { return source_.valueOf(*names_.last(row.key)); }
 

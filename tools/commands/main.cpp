@@ -8,6 +8,7 @@
 #include <new>
 
 #include "commands/commands.h"
+#include "ebo_version.h"
 #include "model/load_log.h"
 #include "text/words.h"
 

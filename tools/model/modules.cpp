@@ -91,8 +91,8 @@ private:
     void explainMap(const EboKeyRow& row) {
         const EboAecParam& aec = *load_.tuning.capture->aec;
         if ((aec.model_aec_en & EBO_AEC_CHN_MAP) != 0) {
-            say("channel map of " + std::to_string(load_.tuning.channels) +
-                " channels: bit 0x2 of aec.model_aec_en");
+            say("channel map of " + std::to_string(load_.tuning.channels) + " channels: bit " +
+                hexText(EBO_AEC_CHN_MAP) + " of aec.model_aec_en");
             return;
         }
         const char* map = nullptr;
@@ -103,7 +103,8 @@ private:
 
     void explainNoRecord() {
         if (row_.recorded) {
-            say("bit 0x1 of aec.model_aec_en is claimed because there is a record");
+            say("bit " + hexText(place_.section->bit) +
+                " of aec.model_aec_en is claimed because there is a record");
         } else if (!complaint().empty()) {
             say("no record, so no bit: " + complaint() + "; the load goes on without it");
         } else {
@@ -134,11 +135,16 @@ private:
     }
 
     void explainKeysByMask() {
+        const std::string bit = "bit " + hexText(place_.section->bit);
         if (!row_.enabled) {
-            say("its keys are not read while bit 0x2 is clear: the record is all zero, wakeup_frames too");
+            std::string zeros = "its keys are not read while " + bit + " is clear: the record is all zero";
+            for (const EboKeyRow* key : keysOf(*place_.section)) {
+                if (key->ifMissing == EboIfMissing::Preset) zeros += ", " + std::string(key->key) + " too";
+            }
+            say(zeros);
             return;
         }
-        say("its keys are read because bit 0x2 is set");
+        say("its keys are read because " + bit + " is set");
         for (const LogMessage& message : load_.messages) {
             const bool complaint = message.error && message.function == place_.section->function;
             if (complaint && message.text.compare(0, 4, "    ") != 0)
@@ -149,10 +155,11 @@ private:
     void explainWords() {
         if (!row_.recorded) return;
         for (const EboKeyRow* key : keysOf(*place_.section)) {
+            if (key->kind != EboKeyKind::Word) continue;
             const char* word = nullptr;
             const bool given = keys_.findCString(key->key, &word) && word[0] != '\0';
             if (row_.enabled && !given)
-                say(std::string("enabled without a model: the engine gets a null ") + key->key);
+                say(std::string("enabled without a ") + key->key + ": the engine gets a null pointer");
             if (!row_.enabled && given)
                 say(std::string(key->key) + " is not looked at while the module is disabled");
         }

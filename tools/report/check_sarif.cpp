@@ -3,6 +3,7 @@
 #include <cctype>
 #include <nlohmann/json.hpp>
 
+#include "ebo_version.h"
 #include "report/check_report.h"
 
 namespace {

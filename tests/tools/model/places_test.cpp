@@ -77,7 +77,7 @@ std::string fieldOf(const std::string& name) {
     return "no such key";
 }
 
-TEST(Places, NamesTheFieldBehindAKey) {
+TEST(Places, NamesTheFieldOfAKey) {
     EXPECT_EQ(fieldOf("agc.fRk0"), "fRk0");
     EXPECT_EQ(fieldOf("aec.mic_chn_map"), "Array_list");
     EXPECT_EQ(fieldOf("aes.LimitRatio_1"), "LimitRatio[1]");
