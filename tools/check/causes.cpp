@@ -126,6 +126,7 @@ private:
             "root object " + inQuotes(name) + " is there twice, first on line " +
                 std::to_string(source_.nameOf(*first).line) + "; a device reads the last one only",
             "put the sections of both into one", std::move(edits));
+        causes_.back().related.push_back({source_.nameOf(*first), "the first one, which is not read"});
     }
 
     // Sections at the top level that the root object lacks.

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "check/report.h"
 #include "check/source.h"
 
 struct CheckCause {
@@ -13,6 +14,7 @@ struct CheckCause {
     std::string text;
     std::string help;
     std::vector<TextEdit> edits;  // of the source's text: they put right what is in the wrong place
+    std::vector<RelatedPlace> related = {};
 };
 
 // Everything that may be one, the likeliest first; whether a mend helps is seen by checking the mended text.

@@ -157,7 +157,7 @@ CheckReport judgeByCauses(std::unique_ptr<CheckSource> source, Part part) {
         CheckReport without = judge(*mended, part);
         if (problems(without) >= rest || (!hasErrors && without.count(CheckLevel::Error) > 0)) continue;
         found.push_back({hasErrors ? &kWrongPlace : &kWrongPlaceLeftOut, cause.place, cause.text,
-                         effectOf(report), cause.help, *std::move(edits)});
+                         effectOf(report), cause.help, *std::move(edits), false, cause.related});
         rest = problems(without);
         without.loads = std::move(report.loads);
         report = std::move(without);

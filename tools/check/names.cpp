@@ -189,10 +189,14 @@ void CheckNames::report(CheckReport& report, const CheckCode& unknown, const std
         if (winner != item) {
             if (report.leaveOut(kDuplicate)) continue;
             const std::string line = "line " + std::to_string(source_.nameOf(*winner).line);
-            report.add({&kDuplicate, source_.nameOf(*item),
+            report.add({&kDuplicate,
+                        source_.nameOf(*item),
                         "duplicate " + what_ + ' ' + inQuotes(name) + ", also on " + line,
                         "reads the last one, on " + line + ", and nothing of this one",
-                        "remove one of them"});
+                        "remove one of them",
+                        {},
+                        false,
+                        {{source_.nameOf(*winner), "the one that is read"}}});
         } else if (!isKnown(name) && told_.count(item) == 0) {
             if (report.leaveOut(unknown)) continue;
             report.add({&unknown, source_.nameOf(*item), "unknown " + what_ + ' ' + inQuotes(name) + parent,

@@ -72,6 +72,12 @@ EBO_CHECK_CODES(EBO_CHECK_CODE)
 // All codes, in order.
 const std::vector<const CheckCode*>& checkCodes();
 
+// Another place that a finding speaks of.
+struct RelatedPlace {
+    TextPlace place;
+    std::string text;  // what is there
+};
+
 struct CheckFinding {
     const CheckCode* code;
     TextPlace place;
@@ -82,6 +88,7 @@ struct CheckFinding {
     // Of the file, in ascending order: they do what `help` says. May be empty.
     std::vector<TextEdit> edits = {};
     bool isGuess = false;  // they let the check read on, but only the author knows what was meant
+    std::vector<RelatedPlace> related = {};
 };
 
 enum class CheckOutcome { Loads, Fails, Aborts };  // Aborts: it ends the process

@@ -25,10 +25,15 @@ void checkOrder(const RuleSubject& subject, const OrderRule& rule) {
     float high = 0.0F;
     if (!subject.keys.findFloat(rule.low, &low) || !subject.keys.findFloat(rule.high, &high) || !(low > high))
         return;
-    subject.report.add({&kUpsideDown, subject.placeOf(rule.low),
+    subject.report.add({&kUpsideDown,
+                        subject.placeOf(rule.low),
                         inQuotes(rule.low) + " (" + floatText(low) + ") is above " + inQuotes(rule.high) +
                             " (" + floatText(high) + ")",
-                        "stores both as they are", "exchange the two values, or correct one of them"});
+                        "stores both as they are",
+                        "exchange the two values, or correct one of them",
+                        {},
+                        false,
+                        {{subject.placeOf(rule.high), "what is to be the higher value"}}});
 }
 
 void checkWakeup(const RuleSubject& subject) {

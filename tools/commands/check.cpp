@@ -56,22 +56,13 @@ ExitStatus check(const CheckOptions& options) {
         checkFiles(filesToCheck(options.files), options.part, threads, showProgress);
     ka_remove_log_sink();
 
-    if (options.format == "json") {
-        writeCheckJson(reports, std::cout);
-    } else if (options.format == "sarif") {
-        writeCheckSarif(reports, std::cout);
-    } else {
-        CheckTextStyle style;
-        style.colours = colours();
-        if (isatty(STDOUT_FILENO) != 0) style.width = columns();
-        for (const CheckReport& report : reports) writeCheckText(report, style, std::cout);
-    }
+    CheckTextStyle style;
+    style.colours = colours();
+    if (isatty(STDOUT_FILENO) != 0) style.width = columns();
+    const FailsOn failsOn = options.strict ? CheckLevel::Warning : CheckLevel::Error;
+    writeCheck(options.format, reports, style, failsOn, std::cout);
     std::cout.flush();
-    const bool problems = std::any_of(reports.begin(), reports.end(), [&](const CheckReport& report) {
-        return report.count(CheckLevel::Error) > 0 ||
-               (options.strict && report.count(CheckLevel::Warning) > 0);
-    });
-    return problems ? kFailure : kSuccess;
+    return failsRun(reports, failsOn) ? kFailure : kSuccess;
 }
 
 }  // namespace
@@ -83,7 +74,7 @@ void addCheckCommand(CLI::App& app, ExitStatus& status) {
     addPartOption(*command, options->part);
     command->add_flag("--strict", options->strict, "Takes warnings for problems");
     command->add_option("--format", options->format, "Form of the report")
-        ->check(CLI::IsMember({"text", "json", "sarif"}))
+        ->check(CLI::IsMember(checkFormats()))
         ->capture_default_str();
     command->add_option("FILE", options->files, "Tuning files; - is standard input")->required();
     command->footer("Exit status: 0 clean, 1 problems found, 2 wrong usage.");

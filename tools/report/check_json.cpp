@@ -18,6 +18,13 @@ Json findingOf(const CheckFinding& finding) {
         json["edits"].push_back({{"offset", edit.offset}, {"length", edit.length}, {"text", edit.text}});
     }
     if (!finding.edits.empty()) json["guess"] = finding.isGuess;
+    for (const RelatedPlace& other : finding.related) {
+        json["related"].push_back({{"line", other.place.line},
+                                   {"column", other.place.column},
+                                   {"offset", other.place.offset},
+                                   {"length", other.place.length},
+                                   {"message", other.text}});
+    }
     return json;
 }
 

@@ -1,6 +1,7 @@
 // The findings of eboconf check as texts.
 #pragma once
 
+#include <optional>
 #include <ostream>
 #include <vector>
 
@@ -11,7 +12,22 @@ struct CheckTextStyle {
     size_t width = 100;  // of a line, in columns: quoted lines are cut to it
 };
 
+// The least level that fails a run; none: nothing does.
+using FailsOn = std::optional<CheckLevel>;
+bool failsRun(const std::vector<CheckReport>& reports, FailsOn failsOn);
+
 void writeCheckText(const CheckReport& report, const CheckTextStyle& style, std::ostream& out);
 void writeCheckJson(const std::vector<CheckReport>& reports, std::ostream& out);
 // SARIF 2.1.0
-void writeCheckSarif(const std::vector<CheckReport>& reports, std::ostream& out);
+void writeCheckSarif(const std::vector<CheckReport>& reports, FailsOn failsOn, std::ostream& out);
+// Annotations of GitHub Actions.
+void writeCheckGithub(const std::vector<CheckReport>& reports, std::ostream& out);
+// GitLab's Code Quality.
+void writeCheckGitlab(const std::vector<CheckReport>& reports, std::ostream& out);
+// JUnit's XML; what does not fail the run is a case that passes.
+void writeCheckJunit(const std::vector<CheckReport>& reports, FailsOn failsOn, std::ostream& out);
+
+// By the name of the form, one of checkFormats().
+const std::vector<std::string>& checkFormats();
+void writeCheck(const std::string& format, const std::vector<CheckReport>& reports,
+                const CheckTextStyle& style, FailsOn failsOn, std::ostream& out);

@@ -1,0 +1,37 @@
+#include "report/check_report.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+void writeTexts(const std::vector<CheckReport>& reports, const CheckTextStyle& style, std::ostream& out) {
+    for (const CheckReport& report : reports) writeCheckText(report, style, out);
+}
+
+}  // namespace
+
+bool failsRun(const std::vector<CheckReport>& reports, FailsOn failsOn) {
+    return std::any_of(reports.begin(), reports.end(), [failsOn](const CheckReport& report) {
+        for (const CheckLevel level : {CheckLevel::Error, CheckLevel::Warning, CheckLevel::Info}) {
+            if (failsOn && level <= *failsOn && report.count(level) > 0) return true;
+        }
+        return false;
+    });
+}
+
+const std::vector<std::string>& checkFormats() {
+    static const std::vector<std::string> formats = {"text", "json", "sarif", "github", "gitlab", "junit"};
+    return formats;
+}
+
+void writeCheck(const std::string& format, const std::vector<CheckReport>& reports,
+                const CheckTextStyle& style, FailsOn failsOn, std::ostream& out) {
+    if (format == "text") writeTexts(reports, style, out);
+    if (format == "json") writeCheckJson(reports, out);
+    if (format == "sarif") writeCheckSarif(reports, failsOn, out);
+    if (format == "github") writeCheckGithub(reports, out);
+    if (format == "gitlab") writeCheckGitlab(reports, out);
+    if (format == "junit") writeCheckJunit(reports, failsOn, out);
+}
