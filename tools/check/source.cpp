@@ -4,7 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 #include <utility>
@@ -13,12 +13,15 @@
 
 namespace {
 
-// Parses the file, and gives its text when that can be read.
-std::string readInto(KAJsonParser& parser, KaJsonError& error, const std::string& path) {
+// Parses the file, and gives its text when that can be read; tells in `failure` why a pipe cannot.
+std::string readInto(KAJsonParser& parser, std::string& failure, const std::string& path) {
     const SpooledFile spooled(path);
-    if (!spooled.error().empty()) std::fprintf(stderr, "eboconf: %s\n", spooled.error().c_str());
+    if (!spooled.error().empty()) {
+        failure = spooled.error().substr(path.size() + std::strlen(": "));
+        return {};
+    }
     parser.parseFile(spooled.path().c_str());
-    error = KAJsonTable(parser).error();
+    const KaJsonError error = KAJsonTable(parser).error();
     if (error.reason != nullptr && error.line == 0) return {};
     std::ifstream file(spooled.path(), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
@@ -40,7 +43,7 @@ void parseText(KAJsonParser& parser, const std::string& text) {
 }  // namespace
 
 CheckSource::CheckSource(const std::string& path)
-    : text_(readInto(parser_, error_, path)), lines_(text_.original()) {
+    : text_(readInto(parser_, failure_, path)), lines_(text_.original()) {
     readItems();
 }
 
@@ -52,6 +55,7 @@ CheckSource::CheckSource(EditedText text) : text_(std::move(text)), lines_(text_
 void CheckSource::readItems() {
     KAJsonTable table(parser_);
     error_ = table.error();
+    if (!failure_.empty()) error_.reason = failure_.c_str();
     for (KaJsonItem item = {}; table.next(&item);) items_.push_back(item);
 }
 

@@ -18,7 +18,7 @@ public:
     explicit CheckSource(EditedText text);
 
     const KAJsonParser& document() const { return parser_; }
-    // Why the file is no document; `reason` is null when it is one.
+    // Why the file is no document; `reason` is null when it is one, and lives as long as this object.
     const KaJsonError& error() const { return error_; }
 
     using Items = std::vector<const KaJsonItem*>;
@@ -61,6 +61,7 @@ private:
     size_t endOfString(size_t offset) const;
 
     KAJsonParser parser_;
+    std::string failure_;  // why a pipe could not be copied; empty when it could
     KaJsonError error_;
     std::vector<KaJsonItem> items_;
     EditedText text_;

@@ -1,12 +1,15 @@
 // The report as people read it.
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "model/tuning.h"
 #include "report/check_report.h"
+#include "text/odd_characters.h"
 #include "text/utf8.h"
+#include "text/width.h"
 #include "text/words.h"
 
 namespace {
@@ -30,13 +33,28 @@ constexpr char kYellow[] = "\x1b[1;33m";
 constexpr char kBlue[] = "\x1b[1;34m";
 constexpr char kGreen[] = "\x1b[1;32m";
 
-// Characters, each of one column: what is none, or steers the terminal, as '?', a tab as a blank.
+// As a quote shows it: what is no character, cannot be seen or steers the terminal as '?', a tab as a blank.
+std::string shownInQuote(std::string_view character, char32_t code) {
+    const std::optional<OddCharacter> odd = oddCharacter(code);
+    if (odd && odd->plain == OddCharacter::kNothing) return "?";
+    return character == "\t" ? " " : printable(character);
+}
+
+// What stands in each column: a character with the marks that combine with it; nothing in the second column of
+// a wide one.
 std::vector<std::string> columnsOf(std::string_view text) {
     std::vector<std::string> columns;
     for (size_t at = 0; at < text.size();) {
-        const size_t length = std::max<size_t>(utf8At(text, at).length, 1);
-        const std::string_view character = text.substr(at, length);
-        columns.push_back(character == "\t" ? " " : printable(character));
+        const Utf8Character character = utf8At(text, at);
+        const size_t length = std::max<size_t>(character.length, 1);
+        const std::string shown = shownInQuote(text.substr(at, length), character.code);
+        const size_t width = widthOf(shown);
+        if (width == 0 && !columns.empty()) {
+            columns.back() += shown;
+        } else {
+            columns.push_back(shown);
+            columns.resize(columns.size() + std::max<size_t>(width, 1) - 1);
+        }
         at += length;
     }
     return columns;
@@ -48,9 +66,11 @@ void writeQuote(const TextPlace& place, const CheckTextStyle& style, const Paint
     const std::string number = std::to_string(place.line);
     const std::string gutter(std::max<size_t>(number.size() + 1, 6), ' ');
     const std::vector<std::string> columns = columnsOf(place.quote);
-    const size_t mark = columnsOf(std::string_view(place.quote).substr(0, place.quoteMark)).size();
-    const size_t marked = std::max<size_t>(
-        columnsOf(std::string_view(place.quote).substr(place.quoteMark, place.length)).size(), 1);
+    const std::string_view quote = place.quote;
+    const size_t end = columnsOf(quote.substr(0, place.quoteMark + place.length)).size();
+    size_t mark = columnsOf(quote.substr(0, place.quoteMark)).size();
+    if (mark == end && place.length > 0) --mark;  // it combines with the letter before
+    const size_t marked = std::max<size_t>(end - mark, 1);
 
     const size_t room = std::max<size_t>(style.width, 40) - gutter.size() - 3 - 6;
     size_t first = 0;
@@ -59,6 +79,7 @@ void writeQuote(const TextPlace& place, const CheckTextStyle& style, const Paint
     const bool before = first > 0 || place.cutBefore;
 
     std::string line = before ? "..." : "";
+    if (columns.size() > first && columns[first].empty()) line += ' ';  // the left half is cut off
     for (size_t i = first; i < last; ++i) line += columns[i];
     if (last < columns.size() || place.cutAfter) line += "...";
     const std::string margin((before ? 3 : 0) + mark - first, ' ');

@@ -1,24 +1,21 @@
 #include "text/width.h"
 
-#include <algorithm>
-#include <iterator>
+#include <clocale>
+#include <cwchar>
 
 #include "text/utf8.h"
 
 namespace {
 
-struct Range {
-    char32_t first;
-    char32_t last;
-    size_t width;
-};
-
-// Whole blocks: a few characters in them are of another width. All others take one column.
-constexpr Range kRanges[] = {{0x0300, 0x036F, 0},  {0x1100, 0x115F, 2}, {0x200B, 0x200F, 0},
-                             {0x20D0, 0x20FF, 0},  {0x2E80, 0xA4CF, 2}, {0xAC00, 0xD7A3, 2},
-                             {0xF900, 0xFAFF, 2},  {0xFE00, 0xFE0F, 0}, {0xFE30, 0xFE6F, 2},
-                             {0xFF00, 0xFF60, 2},  {0xFFE0, 0xFFE6, 2}, {0x1F300, 0x1FAFF, 2},
-                             {0x20000, 0x3FFFD, 2}};
+// The C library knows it, in a locale of UTF-8; the user's may be another. Without that locale, as for what is
+// not printable, a column.
+size_t widthOf(char32_t code) {
+    static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+    const locale_t before = uselocale(utf8);
+    const int width = wcwidth(static_cast<wchar_t>(code));
+    uselocale(before);
+    return width < 0 ? 1 : static_cast<size_t>(width);
+}
 
 struct Step {
     size_t bytes;
@@ -29,10 +26,7 @@ struct Step {
 Step stepAt(std::string_view text, size_t at) {
     const Utf8Character character = utf8At(text, at);
     if (character.length == 0) return {1, 1};
-    const auto* const range = std::find_if(std::begin(kRanges), std::end(kRanges), [&](const Range& one) {
-        return character.code >= one.first && character.code <= one.last;
-    });
-    return {character.length, range != std::end(kRanges) ? range->width : 1};
+    return {character.length, widthOf(character.code)};
 }
 
 }  // namespace

@@ -16,6 +16,7 @@
 #include "loading.h"
 #include "model/places.h"
 #include "report/check_report.h"
+#include "text/width.h"
 
 namespace {
 
@@ -175,6 +176,53 @@ TEST(TextReport, CutsLongLinesToTheWidthAroundTheMark) {
     writeCheckText(report, {false, 40}, out);
     EXPECT_THAT(out.str(), testing::HasSubstr("     7 | ...aaaaaaaaaaaaMARKbbbbbbbbb...\n"
                                               "       |                ^~~~\n"));
+}
+
+// The lines of a quote, from the bar on.
+std::string quoteOf(const std::string& before, const std::string& marked, const std::string& after,
+                    size_t width = 100) {
+    TextPlace place;
+    place.line = 1;
+    place.quote = before + marked + after;
+    place.quoteMark = static_cast<uint32_t>(before.size());
+    place.length = static_cast<uint32_t>(marked.size());
+    std::ostringstream out;
+    writeCheckText(reportOf("f", place), {false, width}, out);
+    std::istringstream lines(out.str());
+    std::string quote;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find(" | ") != std::string::npos) quote += line.substr(line.find(" | ") + 3) + '\n';
+    }
+    return quote;
+}
+
+TEST(TextReport, MarksWhatIsWideOrCombines) {
+    const std::string wide = "\xE6\xBC\xA2";
+    const std::string accent = "\xCC\x81";
+    EXPECT_EQ(quoteOf(wide + wide, "key", wide), wide + wide + "key" + wide + "\n    ^~~\n");
+    EXPECT_EQ(quoteOf("a", wide + wide, "b"), "a" + wide + wide + "b\n ^~~~\n");
+    EXPECT_EQ(quoteOf("e" + accent + "e", "x" + accent + "y", ""),
+              "e" + accent + "ex" + accent + "y\n  ^~\n");
+    EXPECT_EQ(quoteOf("ae", accent, "b"), "ae" + accent + "b\n ^\n");  // below the letter that it changes
+    EXPECT_EQ(quoteOf("", accent, "b"), accent + "b\n^\n");
+    EXPECT_EQ(quoteOf("\ta\t", "b", ""), " a b\n   ^\n");
+    EXPECT_EQ(quoteOf("a", "\xE2\x80\x8B", "b"), "a?b\n ^\n");  // cannot be seen
+    EXPECT_EQ(quoteOf("a", "", ""), "a\n ^\n");
+}
+
+TEST(TextReport, CutsWideLettersWhole) {
+    std::string wide;
+    for (int i = 0; i < 40; ++i) wide += "\xE6\xBC\xA2";
+    for (const char* const before : {"", "a"}) {
+        for (const char* const after : {"", "a"}) {
+            const std::string quote = quoteOf(wide + before, "KEY", after + wide, 40);
+            const std::string line = quote.substr(0, quote.find('\n'));
+            const std::string caret = quote.substr(line.size() + 1);
+            EXPECT_EQ(widthOf(line.substr(0, line.find("KEY"))), caret.find('^')) << quote;
+            EXPECT_LE(widthOf(line), 32U) << quote;
+            EXPECT_THAT(line, testing::AllOf(testing::StartsWith("..."), testing::EndsWith("..."))) << quote;
+        }
+    }
 }
 
 TEST(TextReport, LetsNoFileSteerTheTerminal) {

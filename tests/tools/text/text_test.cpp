@@ -4,6 +4,7 @@
 #include "text/lines.h"
 #include "text/odd_characters.h"
 #include "text/utf8.h"
+#include "text/width.h"
 #include "text/words.h"
 
 namespace {
@@ -65,6 +66,16 @@ TEST(OddCharacters, HaveNamesAndPlainForms) {
     for (const char32_t code : {0x00A0U, 0x0430U, 0x201CU, 0x2212U, 0x3000U, 0xFEFFU}) {
         EXPECT_TRUE(oddCharacter(code)) << code;
     }
+}
+
+TEST(Widths, AreThoseOfATerminal) {
+    EXPECT_EQ(widthOf("abc"), 3U);
+    EXPECT_EQ(widthOf("\xE6\xBC\xA2\xED\x95\x9C\xEF\xBC\x9A"), 6U);  // East Asian
+    EXPECT_EQ(widthOf("\xF0\x9F\x8E\x99\xF0\x9F\x98\x80"), 3U);      // a picture as a letter, and as one
+    EXPECT_EQ(widthOf("e\xCC\x81\xE0\xB8\x81\xE0\xB8\xB4"), 2U);     // marks that combine
+    EXPECT_EQ(widthOf("\xFF\x1b"), 2U);
+    EXPECT_EQ(shortened("\xE6\xBC\xA2\xE6\xBC\xA2\xE6\xBC\xA2", 6), "\xE6\xBC\xA2\xE6\xBC\xA2\xE6\xBC\xA2");
+    EXPECT_EQ(shortened("\xE6\xBC\xA2\xE6\xBC\xA2\xE6\xBC\xA2", 5), "\xE6\xBC\xA2...");
 }
 
 TEST(Lines, PlaceTheEndOfALineThatEndsInACarriageReturn) {
