@@ -6,7 +6,7 @@
 #include "commands/commands.h"
 #include "commands/options.h"
 #include "model/differences.h"
-#include "report/json_writer.h"
+#include "report/comparison.h"
 #include "text/terminal.h"
 #include "text/words.h"
 
@@ -15,6 +15,7 @@ namespace {
 struct DiffOptions {
     Part part = nullptr;
     std::string format = "text";
+    std::vector<std::string> labels;
     std::string from;
     std::string to;
 };
@@ -30,48 +31,19 @@ void printList(const std::vector<Difference>& list, size_t width) {
     }
 }
 
-void printText(const DiffOptions& options, const Differences& differences) {
+void printText(const ComparedNames& names, const Differences& differences) {
     size_t width = 0;
     for (const auto* list : {&differences.switches, &differences.values}) {
         for (const Difference& difference : *list) width = std::max(width, difference.name.size());
     }
-    std::printf("%s\n%s\n", styled(Style::Bold, "--- " + printable(options.from)).c_str(),
-                styled(Style::Bold, "+++ " + printable(options.to)).c_str());
+    std::printf("%s\n%s\n", styled(Style::Bold, "--- " + printable(names.from)).c_str(),
+                styled(Style::Bold, "+++ " + printable(names.to)).c_str());
     printList(differences.switches, width);
     printList(differences.values, width);
 }
 
-void writeValue(JsonWriter& json, const Value& value) {
-    if (value.kind == Value::None) {
-        json.null();
-    } else if (value.kind == Value::Switch) {
-        json.boolean(value.text == "enabled");
-    } else if (value.kind == Value::Number) {
-        json.numberOrText(value.text);
-    } else {
-        json.text(value.text);
-    }
-}
-
-void writeList(JsonWriter& json, const char* name, const std::vector<Difference>& list) {
-    json.key(name).beginArray();
-    for (const Difference& difference : list) {
-        json.beginObject().key("name").text(difference.name);
-        writeValue(json.key("from"), difference.from);
-        writeValue(json.key("to"), difference.to);
-        json.endObject();
-    }
-    json.endArray();
-}
-
-void printJson(const DiffOptions& options, const Differences& differences, bool equal) {
-    JsonWriter json;
-    json.beginObject().key("from").text(options.from).key("to").text(options.to);
-    json.key("equal").boolean(equal);
-    writeList(json, "enable", differences.switches);
-    writeList(json, "values", differences.values);
-    json.endObject();
-    std::fputs(json.document().c_str(), stdout);
+std::string nameIn(const DiffOptions& options, size_t which, const std::string& file) {
+    return which < options.labels.size() ? options.labels[which] : file;
 }
 
 ExitStatus run(const DiffOptions& options) {
@@ -86,14 +58,16 @@ ExitStatus run(const DiffOptions& options) {
     }
     if (!from.loaded || !to.loaded) return kUsage;
     const Differences differences = differencesOf(from.tuning, to.tuning);
-    const bool equal = differences.switches.empty() && differences.values.empty();
+    const ComparedNames names = {nameIn(options, 0, options.from), nameIn(options, 1, options.to)};
     if (options.format == "json") {
-        printJson(options, differences, equal);
-    } else if (!equal) {
-        printText(options, differences);
+        std::fputs(comparisonJson(names, differences).c_str(), stdout);
+    } else if (options.format == "markdown") {
+        std::fputs(comparisonMarkdown(names, differences).c_str(), stdout);
+    } else if (!differences.none()) {
+        printText(names, differences);
     }
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) return kUsage;
-    return equal ? kSuccess : kFailure;
+    return differences.none() ? kSuccess : kFailure;
 }
 
 }  // namespace
@@ -102,9 +76,15 @@ void addDiffCommand(CLI::App& app, ExitStatus& status) {
     CLI::App* command = app.add_subcommand("diff", "Compares what two files load, field by field");
     auto options = std::make_shared<DiffOptions>();
     addPartOption(*command, options->part);
-    addFormatOption(*command, options->format);
+    addFormatOption(*command, options->format, {"text", "json", "markdown"});
+    command->add_option("--label", options->labels, "Name of A in the report, and given once more, of B")
+        ->allow_extra_args(false)
+        ->type_name("NAME");
     command->add_option("A", options->from, "Tuning file; - is standard input")->required();
     command->add_option("B", options->to, "Tuning file to compare it with")->required();
     command->footer("Exit status: 0 the same, 1 different, 2 trouble.");
-    command->callback([options, &status] { status = run(*options); });
+    command->callback([options, &status] {
+        if (options->labels.size() > 2) throw CLI::ValidationError("--label", "there are two files to name");
+        status = run(*options);
+    });
 }

@@ -9,8 +9,8 @@ CLI::Option* addPartOption(CLI::App& command, Part& part) {
         ->default_str(partNames().front());
 }
 
-void addFormatOption(CLI::App& command, std::string& format) {
+void addFormatOption(CLI::App& command, std::string& format, const std::vector<std::string>& forms) {
     command.add_option("--format", format, "Form of the report")
-        ->check(CLI::IsMember({"text", "json"}))
+        ->check(CLI::IsMember(forms))
         ->capture_default_str();
 }

@@ -8,5 +8,6 @@
 // auto, or the name of a load. Stores the choice in `part`, which must outlive the parsing.
 CLI::Option* addPartOption(CLI::App& command, Part& part);
 
-// text or json. Stores the choice in `format`, which must outlive the parsing.
-void addFormatOption(CLI::App& command, std::string& format);
+// Stores the choice in `format`, which must outlive the parsing.
+void addFormatOption(CLI::App& command, std::string& format,
+                     const std::vector<std::string>& forms = {"text", "json"});

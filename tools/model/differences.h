@@ -21,6 +21,8 @@ struct Difference {
 struct Differences {
     std::vector<Difference> switches;  // modules enabled, disabled or not there
     std::vector<Difference> values;    // in reading order
+
+    bool none() const { return switches.empty() && values.empty(); }
 };
 
 // Compares every bit of every record, text and map; not the addresses. The status of "agc" under

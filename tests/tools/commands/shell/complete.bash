@@ -35,7 +35,7 @@ expect 'eboconf check --part=' auto full aec beamform ao agc
 expect 'eboconf check --part=be' beamform
 expect 'eboconf check --part=be --form' --format
 expect 'eboconf check --part beam --format=s' sarif
-expect 'eboconf diff --format ' text json
+expect 'eboconf diff --format ' text json markdown
 expect 'eboconf dump --part agc --' --help --format --verbose
 expect 'eboconf dump --part=agc --' --help --format --verbose
 expect 'eboconf dump --verbose --p' --part

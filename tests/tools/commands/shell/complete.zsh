@@ -78,7 +78,7 @@ expect 'eboconf ex' explain export
 expect 'eboconf check --part ' aec agc ao auto beamform full
 expect 'eboconf check --part=be' --part=beamform
 expect 'eboconf check --format ' github gitlab json junit sarif text
-expect 'eboconf diff --format ' json text
+expect 'eboconf diff --format ' json markdown text
 expect 'eboconf export --d' --defaults
 expect 'eboconf keys agc.fRk' agc.fRk0 agc.fRk1 agc.fRk2
 expect 'eboconf keys fRk' fRk0 fRk1 fRk2
