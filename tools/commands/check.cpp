@@ -72,11 +72,16 @@ void addCheckCommand(CLI::App& app, ExitStatus& status) {
         "check", "Finds all faults of tuning files at once, and says what a device will do");
     auto options = std::make_shared<CheckOptions>();
     addPartOption(*command, options->part);
+    addColorOption(*command);
     command->add_flag("--strict", options->strict, "Takes warnings for problems");
     command->add_option("--format", options->format, "Form of the report")
         ->check(CLI::IsMember(checkFormats()))
         ->capture_default_str();
     command->add_option("FILE", options->files, "Tuning files; - is standard input")->required();
-    command->footer("Exit status: 0 clean, 1 problems found, 2 wrong usage.");
+    command->footer(
+        "Examples:\n"
+        "  eboconf check lamp.json\n"
+        "  eboconf check --strict --format junit *.json > report.xml\n\n"
+        "Exit status: 0 clean, 1 problems found, 2 wrong usage.");
     command->callback([options, &status] { status = check(*options); });
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <string>
 
 enum ExitStatus {
     kSuccess = 0,
@@ -11,6 +12,11 @@ enum ExitStatus {
 
 // A line on standard error, "eboconf: " and the sentence, in which no file name steers the terminal.
 void complain(const std::string& sentence);
+
+// The same about a wrong use of a command, and where its help is; an empty name: of the tool.
+ExitStatus refuse(const std::string& command, const std::string& sentence);
+// What the parser says of the command line that it has read.
+ExitStatus refuse(const CLI::App& app, const CLI::ParseError& error);
 
 // Each adds its subcommand to `app`; when the command line names it, it runs and stores its exit status in
 // `status`, which must outlive the parsing.
@@ -22,4 +28,6 @@ void addExplainCommand(CLI::App& app, ExitStatus& status);
 void addExportCommand(CLI::App& app, ExitStatus& status);
 void addKeysCommand(CLI::App& app, ExitStatus& status);
 void addSchemaCommand(CLI::App& app, ExitStatus& status);
+// After all that it is to explain.
+void addHelpCommand(CLI::App& app, ExitStatus& status);
 void addCompleteCommand(CLI::App& app, ExitStatus& status);

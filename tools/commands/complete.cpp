@@ -3,27 +3,16 @@
 #include <cstdio>
 #include <memory>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "commands/commands.h"
+#include "commands/options.h"
 #include "report/keys.h"
 
 namespace {
 
 using Words = std::vector<std::string>;
-
-// "{text,json}" at the end of an option's type.
-Words valuesOf(const CLI::Option& option) {
-    const std::string type = option.get_type_name();
-    const size_t begin = type.find('{');
-    if (begin == std::string::npos) return {};
-    std::istringstream list(type.substr(begin + 1, type.rfind('}') - begin - 1));
-    Words values;
-    for (std::string value; std::getline(list, value, ',');) values.push_back(value);
-    return values;
-}
 
 bool takesValue(const CLI::Option& option) {
     return option.get_items_expected_max() > 0;
@@ -49,7 +38,7 @@ public:
         if (open != nullptr) {
             offerValues(*open, "");
         } else if (onlyFiles_) {
-            mayBeFile_ = hasRoom() && !namesKeys();
+            mayBeFile_ = hasRoom() && !namesKeys() && valuesOf(*positionals().front()).empty();
         } else if (word_.empty() || word_[0] != '-') {
             offerPositionals();
         } else if (equals == std::string::npos) {

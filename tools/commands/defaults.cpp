@@ -6,6 +6,9 @@
 void addDefaultsCommand(CLI::App& app, ExitStatus& status) {
     CLI::App* command = app.add_subcommand("defaults", "Prints the built-in defaults");
     command->footer(
+        "Example:\n"
+        "  eboconf defaults | diff - <(eboconf dump lamp.json)\n\n"
+        "Exit status: 0 printed, 2 wrong usage.\n\n"
         "A default echo canceller has its delay bit set, but no delay record; the bit is shown as clear, "
         "because\n"
         "the dump of a device would follow it to that record.");

@@ -48,8 +48,7 @@ std::string nameIn(const DiffOptions& options, size_t which, const std::string& 
 
 ExitStatus run(const DiffOptions& options) {
     if (options.from == "-" && options.to == "-") {
-        complain("standard input can be read only once: name a file for A or B");
-        return kUsage;
+        return refuse("diff", "standard input can be read only once: name a file for A or B");
     }
     const Load from = loadTuning(options.from, options.part);
     const Load to = loadTuning(options.to, options.part);
@@ -77,12 +76,18 @@ void addDiffCommand(CLI::App& app, ExitStatus& status) {
     auto options = std::make_shared<DiffOptions>();
     addPartOption(*command, options->part);
     addFormatOption(*command, options->format, {"text", "json", "markdown"});
+    addColorOption(*command);
     command->add_option("--label", options->labels, "Name of A in the report, and given once more, of B")
         ->allow_extra_args(false)
         ->type_name("NAME");
     command->add_option("A", options->from, "Tuning file; - is standard input")->required();
     command->add_option("B", options->to, "Tuning file to compare it with")->required();
-    command->footer("Exit status: 0 the same, 1 different, 2 trouble.");
+    command->footer(
+        "Examples:\n"
+        "  eboconf diff old.json new.json\n"
+        "  eboconf diff <(git show HEAD~1:lamp.json) lamp.json\n"
+        "  eboconf diff --format markdown old.json new.json    a table for a merge request\n\n"
+        "Exit status: 0 the same, 1 different, 2 trouble.");
     command->callback([options, &status] {
         if (options->labels.size() > 2) throw CLI::ValidationError("--label", "there are two files to name");
         status = run(*options);

@@ -79,6 +79,10 @@ void addDumpCommand(CLI::App& app, ExitStatus& status) {
     command->add_flag("--verbose", options->verbose, "Tells on standard error what was loaded from where");
     command->add_option("FILE", options->file, "Tuning file; - is standard input")->required();
     command->footer(
+        "Examples:\n"
+        "  eboconf dump lamp.json\n"
+        "  eboconf dump --part aec --format json lamp.json\n\n"
+        "Exit status: 0 loaded, 1 not loaded, 2 wrong usage.\n\n"
         "No device logs the lines of gain control alone (--part agc): they are those of a beamformer.");
     command->callback([options, &status] { status = run(*options); });
 }

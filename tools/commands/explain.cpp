@@ -88,6 +88,12 @@ void addExplainCommand(CLI::App& app, ExitStatus& status) {
     auto options = std::make_shared<ExplainOptions>();
     addPartOption(*command, options->part);
     addFormatOption(*command, options->format);
+    addColorOption(*command);
     command->add_option("FILE", options->file, "Tuning file; - is standard input")->required();
+    command->footer(
+        "Examples:\n"
+        "  eboconf explain lamp.json\n"
+        "  eboconf explain --part ao lamp.json    the playback path alone\n\n"
+        "Exit status: 0 explained, 1 not loaded, 2 wrong usage.");
     command->callback([options, &status] { status = run(*options); });
 }

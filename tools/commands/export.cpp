@@ -46,6 +46,11 @@ void addExportCommand(CLI::App& app, ExitStatus& status) {
     CLI::Option* defaults =
         command->add_flag("--defaults", options->defaults, "The built-in defaults instead of a file");
     defaults->excludes(file)->excludes(part);
+    command->footer(
+        "Examples:\n"
+        "  eboconf export --defaults > lamp.json    a new file\n"
+        "  eboconf export old.json > new.json       the same settings in canonical form\n\n"
+        "Exit status: 0 written, 1 not loaded or refused, 2 wrong usage.");
     command->callback([options, file, &status] {
         if (!options->defaults && file->count() == 0) throw CLI::RequiredError("FILE or --defaults");
         status = run(*options);

@@ -31,18 +31,15 @@ ExitStatus run(const KeysOptions& options) {
     const std::string& format = options.format;
     if (format == "markdown" || format == "dictionary") {
         if (!options.name.empty()) {
-            std::fprintf(stderr, "eboconf: --format %s takes no name: it is always the whole reference\n",
-                         format.c_str());
-            return kUsage;
+            return refuse("keys", "--format " + format + " takes no name: it is always the whole reference");
         }
         std::fputs((format == "markdown" ? keysMarkdown() : keysDictionary()).c_str(), stdout);
         return kSuccess;
     }
     const KeyHits hits = findKeys(options.name);
     if (hits.list.empty()) {
-        std::fprintf(stderr, "eboconf: no section or key is named %s or says so in its meaning; %s\n",
-                     inQuotes(options.name).c_str(), hintAbout(options.name).c_str());
-        return kUsage;
+        return refuse("keys", "no section or key is named " + inQuotes(options.name) +
+                                  " or says so in its meaning; " + hintAbout(options.name));
     }
     const std::string text = format == "json"    ? keysJson(hits)
                              : format == "names" ? keysNames(hits)

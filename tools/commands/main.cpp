@@ -16,18 +16,16 @@ namespace {
 
 ExitStatus g_failure = kFailure;  // of what ends before it has an answer
 
-bool isCommand(const CLI::App& app, const char* name) {
-    const auto named =
-        app.get_subcommands([name](const CLI::App* command) { return command->get_name() == name; });
-    return !named.empty();
-}
-
 ExitStatus run(int argc, char** argv) {
     ExitStatus status = kSuccess;
     CLI::App app("Reads and prints the tuning files of the voice pipeline.", "eboconf");
-    app.set_version_flag("--version", "eboconf " EBO_VERSION);
+    app.set_version_flag("-V,--version", "eboconf " EBO_VERSION);
     app.require_subcommand(1);
     app.footer(
+        "Examples:\n"
+        "  eboconf check lamp.json    what is wrong with it?\n"
+        "  eboconf keys attack        which keys are about that?\n"
+        "  eboconf help check         how is a command used?\n\n"
         "Exit status: 0 all is well, 1 not loaded, problems or differences, 2 wrong usage; of diff 2 also "
         "not loaded.");
     addDumpCommand(app, status);
@@ -38,16 +36,13 @@ ExitStatus run(int argc, char** argv) {
     addExportCommand(app, status);
     addKeysCommand(app, status);
     addSchemaCommand(app, status);
+    addHelpCommand(app, status);
     addCompleteCommand(app, status);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        if (argc > 1 && argv[1][0] != '-' && !isCommand(app, argv[1])) {
-            std::fprintf(stderr, "There is no command \"%s\"\nRun with --help for more information.\n",
-                         argv[1]);
-            return kUsage;
-        }
-        return app.exit(error) == 0 ? kSuccess : kUsage;
+        const bool isAnswer = error.get_exit_code() == 0;  // help, or the version
+        return isAnswer ? ExitStatus(app.exit(error)) : refuse(app, error);
     }
     return status;
 }

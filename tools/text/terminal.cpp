@@ -10,14 +10,28 @@
 
 #include "text/width.h"
 
-bool colours() {
-    static const bool wanted = [] {
+namespace {
+
+Colours g_colours = Colours::OnTerminal;
+
+bool hasColours() {
+    static const bool has = [] {
         const char* no = std::getenv("NO_COLOR");
         const char* terminal = std::getenv("TERM");
         return isatty(STDOUT_FILENO) != 0 && (no == nullptr || no[0] == '\0') && terminal != nullptr &&
                std::strcmp(terminal, "dumb") != 0;
     }();
-    return wanted;
+    return has;
+}
+
+}  // namespace
+
+void chooseColours(Colours choice) {
+    g_colours = choice;
+}
+
+bool colours() {
+    return g_colours == Colours::OnTerminal ? hasColours() : g_colours == Colours::Always;
 }
 
 size_t columns() {

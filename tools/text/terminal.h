@@ -3,7 +3,9 @@
 
 #include <string>
 
-// Whether colours are wanted: on a terminal that has them, and not with NO_COLOR set.
+enum class Colours { OnTerminal, Always, Never };
+// What colours() goes by from now on; at first OnTerminal: a terminal that has them, without NO_COLOR set.
+void chooseColours(Colours choice);
 bool colours();
 
 // Columns of the terminal; 80 for a pipe or a file, whose text must not depend on a window.

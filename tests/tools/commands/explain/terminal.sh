@@ -8,5 +8,6 @@ longest() { awk '{ if (length($0) > n) n = length($0) } END { print n }'; }
 test "$(NO_COLOR='' on_terminal 100 | grep -c "$escape")" -gt 15
 test "$(NO_COLOR=1 on_terminal 100 | grep -c "$escape" || true)" -eq 0
 test "$($explain | grep -c "$escape" || true)" -eq 0
+test "$($explain --color always | grep -c "$escape")" -gt 15
 test "$(NO_COLOR=1 on_terminal 200 | longest)" -gt 80
 test "$($explain | longest)" -le 80

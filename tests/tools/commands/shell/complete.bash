@@ -26,7 +26,10 @@ expect() {
 files() { expect "$1" && [[ $files == yes ]] || { echo "'$1': no files"; failed=1; }; }
 nothing() { expect "$1" && [[ $files == no ]] || { echo "'$1': files"; failed=1; }; }
 
-expect 'eboconf ' dump defaults check diff explain export keys schema
+expect 'eboconf ' dump defaults check diff explain export keys schema help
+expect 'eboconf h' help
+expect 'eboconf help c' check
+expect 'eboconf check --color=' auto always never
 expect 'eboconf d' dump defaults diff
 expect 'eboconf --v' --version
 expect 'eboconf dump --' --help --part --format --verbose
@@ -52,6 +55,8 @@ nothing 'eboconf dump a.json '
 nothing 'eboconf dump a.json -- '
 nothing 'eboconf dump --part=x'
 nothing 'eboconf keys -- a'
+nothing 'eboconf help check '
+nothing 'eboconf help -- '
 # Short names only to who has begun one.
 COMP_WORDS=(eboconf keys '') COMP_CWORD=2
 _eboconf
