@@ -168,12 +168,6 @@ CheckReport judgeByCauses(std::unique_ptr<CheckSource> source, Part part) {
     return report;
 }
 
-void sortByPlace(CheckReport& report) {
-    std::stable_sort(
-        report.findings.begin(), report.findings.end(),
-        [](const CheckFinding& a, const CheckFinding& b) { return a.place.offset < b.place.offset; });
-}
-
 bool isGuessed(const TextPlace& place, const std::vector<CheckFinding>& faults) {
     return std::any_of(faults.begin(), faults.end(), [&place](const CheckFinding& fault) {
         return fault.isGuess &&
@@ -228,7 +222,7 @@ CheckReport checkFile(const std::string& path, Part part) {
     findings.erase(std::remove_if(findings.begin(), findings.end(),
                                   [](const CheckFinding& finding) { return !finding.place.isInFile; }),
                    findings.end());
-    sortByPlace(report);
+    report.sortByPlace();
     return report;
 }
 

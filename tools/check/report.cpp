@@ -31,11 +31,32 @@ void CheckReport::add(CheckFinding finding) {
     findings.push_back(std::move(finding));
 }
 
+CheckLevel CheckReport::levelOf(const CheckCode& code) const {
+    const auto chosen = levels.find(&code);
+    return chosen != levels.end() ? chosen->second : code.level;
+}
+
 size_t CheckReport::count(CheckLevel level) const {
     size_t count = 0;
-    for (const CheckFinding& finding : findings) count += finding.code->level == level ? 1 : 0;
-    for (const auto& [code, more] : left) count += code->level == level ? more : 0;
+    for (const CheckFinding& finding : findings) count += levelOf(*finding.code) == level ? 1 : 0;
+    for (const auto& [code, more] : left) count += levelOf(*code) == level ? more : 0;
     return count;
+}
+
+bool CheckReport::isFailure(const CheckCode& code) const {
+    return failOn != FailOn::Never && static_cast<int>(levelOf(code)) <= static_cast<int>(failOn);
+}
+
+bool CheckReport::fails() const {
+    return std::any_of(findings.begin(), findings.end(),
+                       [this](const CheckFinding& finding) { return isFailure(*finding.code); }) ||
+           std::any_of(left.begin(), left.end(), [this](const auto& row) { return isFailure(*row.first); });
+}
+
+void CheckReport::sortByPlace() {
+    std::stable_sort(findings.begin(), findings.end(), [](const CheckFinding& a, const CheckFinding& b) {
+        return a.place.offset < b.place.offset;
+    });
 }
 
 CheckOutcome CheckReport::outcome() const {

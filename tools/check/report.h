@@ -14,6 +14,8 @@
 
 enum class CheckLevel { Error, Warning, Info };  // Info: nothing that has to be changed
 
+enum class FailOn { Error, Warning, Info, Never };  // the mildest level that is a failure
+
 struct CheckCode {
     const char* id;
     CheckLevel level;
@@ -114,7 +116,9 @@ struct CheckReport {
     std::string file;
     std::vector<CheckFinding> findings;  // in the order of their places
     std::map<const CheckCode*, size_t, ById>
-        left;                      // findings left out of each code, of which there are too many
+        left;  // findings left out of each code, of which there are too many
+    std::map<const CheckCode*, CheckLevel, ById> levels;  // chosen in place of the codes' own
+    FailOn failOn = FailOn::Error;
     std::vector<CheckLoad> loads;  // those that the check is about
 
     // The findings of one code that a report holds: a file can have any number of faults.
@@ -123,8 +127,12 @@ struct CheckReport {
     // True when the report is full of this code: the finding is counted, and need not be made.
     bool leaveOut(const CheckCode& code);
 
+    CheckLevel levelOf(const CheckCode& code) const;
     // Those left out too.
     size_t count(CheckLevel level) const;
+    bool isFailure(const CheckCode& code) const;
+    bool fails() const;
+    void sortByPlace();
     CheckOutcome outcome() const;  // the worst of the loads
     std::string words() const;     // of all loads
 

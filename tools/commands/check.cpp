@@ -8,18 +8,21 @@
 #include <memory>
 #include <thread>
 
+#include "check/choice/codes.h"
 #include "check/file.h"
 #include "commands/commands.h"
 #include "commands/options.h"
 #include "report/check_report.h"
 #include "text/terminal.h"
+#include "text/words.h"
 
 namespace {
 
 struct CheckOptions {
     Part part = nullptr;
     std::string format = "text";
-    bool strict = false;
+    CheckChoice choice;
+    bool quiet = false;
     std::vector<std::string> files;
 };
 
@@ -48,21 +51,61 @@ std::vector<std::string> filesToCheck(const std::vector<std::string>& named) {
     return files;
 }
 
+void showNothing(size_t /*done*/, size_t /*all*/) {}
+
 ExitStatus check(const CheckOptions& options) {
     // The report says it all, and says it once.
     ka_install_log_sink([](const KaLogMessage&, void*) {}, nullptr);
     const unsigned threads = std::max(1U, std::thread::hardware_concurrency());
-    const std::vector<CheckReport> reports =
-        checkFiles(filesToCheck(options.files), options.part, threads, showProgress);
+    std::vector<CheckReport> reports = checkFiles(filesToCheck(options.files), options.part, threads,
+                                                  options.quiet ? showNothing : showProgress);
     ka_remove_log_sink();
 
+    for (CheckReport& report : reports) choose(report, options.choice, {});
     CheckTextStyle style;
     style.colours = colours();
+    style.summary = !options.quiet;
     if (isatty(STDOUT_FILENO) != 0) style.width = columns();
-    const FailsOn failsOn = options.strict ? CheckLevel::Warning : CheckLevel::Error;
-    writeCheck(options.format, reports, style, failsOn, std::cout);
+    writeCheck(options.format, reports, style, std::cout);
     std::cout.flush();
-    return failsRun(reports, failsOn) ? kFailure : kSuccess;
+    return failsRun(reports) ? kFailure : kSuccess;
+}
+
+void addCodes(CLI::App& command, const char* name, std::vector<std::string>& codes, const char* meaning) {
+    command.add_option(name, codes, meaning)
+        ->type_name("CODES")
+        ->delimiter(',')
+        ->allow_extra_args(false)
+        ->check(CLI::Validator(whyNoCode, ""));
+}
+
+std::string whyNoNumber(const std::string& text) {
+    const bool digits = text.find_first_not_of("0123456789") == std::string::npos;
+    return digits ? "" : inQuotes(text) + " is not a number of findings";
+}
+
+void addChoice(CLI::App& command, CheckOptions& options) {
+    CheckChoice& choice = options.choice;
+    addCodes(command, "--select", choice.select,
+             "Reports these findings alone; EBO104,EBO2: a code, and all that begin so");
+    addCodes(command, "--ignore", choice.ignore, "Does not report these findings");
+    addCodes(command, "--error", choice.error, "Takes these findings for errors");
+    addCodes(command, "--warn", choice.warn, "Takes these findings for warnings");
+    CLI::Option* failOn =
+        command
+            .add_option_function<std::string>(
+                "--fail-on", [&choice](const std::string& name) { choice.failOn = failOnNamed(name); },
+                "Mildest finding that is a problem")
+            ->check(CLI::IsMember(failOnNames()))
+            ->default_str(failOnNames().front());
+    command
+        .add_flag_callback(
+            "--strict", [&choice] { choice.failOn = FailOn::Warning; }, "Means --fail-on warning")
+        ->excludes(failOn);
+    command.add_option("--max", choice.max, "Reports at most so many findings of a file, the worst ones")
+        ->type_name("NUMBER")
+        ->check(CLI::Validator(whyNoNumber, ""));
+    command.add_flag("-q,--quiet", options.quiet, "Prints findings alone, and no progress");
 }
 
 }  // namespace
@@ -73,10 +116,10 @@ void addCheckCommand(CLI::App& app, ExitStatus& status) {
     auto options = std::make_shared<CheckOptions>();
     addPartOption(*command, options->part);
     addColorOption(*command);
-    command->add_flag("--strict", options->strict, "Takes warnings for problems");
     command->add_option("--format", options->format, "Form of the report")
         ->check(CLI::IsMember(checkFormats()))
         ->capture_default_str();
+    addChoice(*command, *options);
     command->add_option("FILE", options->files, "Tuning files; - is standard input")->required();
     command->footer(
         "Examples:\n"

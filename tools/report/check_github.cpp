@@ -34,9 +34,10 @@ const char* commandOf(CheckLevel level) {
     return level == CheckLevel::Info ? "notice" : nameOf(level);
 }
 
-void writeAnnotation(const std::string& file, const CheckFinding& finding, std::ostream& out) {
+void writeAnnotation(const CheckReport& report, const std::string& file, const CheckFinding& finding,
+                     std::ostream& out) {
     const TextPlace& place = finding.place;
-    out << "::" << commandOf(finding.code->level) << ' ' << property("file", file);
+    out << "::" << commandOf(report.levelOf(*finding.code)) << ' ' << property("file", file);
     if (place.line != 0) {
         out << ",line=" << place.line << ",col=" << place.characters;
         const size_t marked = markedCharacters(place);
@@ -51,9 +52,9 @@ void writeAnnotation(const std::string& file, const CheckFinding& finding, std::
 void writeCheckGithub(const std::vector<CheckReport>& reports, std::ostream& out) {
     for (const CheckReport& report : reports) {
         const std::string file = pathInFolder(report.file);
-        for (const CheckFinding& finding : report.findings) writeAnnotation(file, finding, out);
+        for (const CheckFinding& finding : report.findings) writeAnnotation(report, file, finding, out);
         for (const auto& [code, count] : report.left) {
-            out << "::" << commandOf(code->level) << ' ' << property("file", file) << ','
+            out << "::" << commandOf(report.levelOf(*code)) << ' ' << property("file", file) << ','
                 << property("title", std::string(code->id) + ": " + code->title) << "::and " << count
                 << " more\n";
         }

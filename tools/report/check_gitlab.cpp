@@ -15,12 +15,13 @@ const char* severityOf(CheckLevel level) {
 }
 
 // A finding about the file as a whole stands at its first line: there is no other way.
-QualityJson qualityOf(const std::string& path, const CheckFinding& finding, Fingerprints& fingerprints) {
+QualityJson qualityOf(const CheckReport& report, const std::string& path, const CheckFinding& finding,
+                      Fingerprints& fingerprints) {
     return {
         {"description", messageOf(finding, ". ")},
         {"check_name", finding.code->id},
         {"fingerprint", fingerprints.of(path, finding)},
-        {"severity", severityOf(finding.code->level)},
+        {"severity", severityOf(report.levelOf(*finding.code))},
         {"location", {{"path", path}, {"lines", {{"begin", std::max<uint32_t>(finding.place.line, 1)}}}}}};
 }
 
@@ -32,11 +33,11 @@ void writeCheckGitlab(const std::vector<CheckReport>& reports, std::ostream& out
     for (const CheckReport& report : reports) {
         const std::string path = pathInFolder(report.file);
         for (const CheckFinding& finding : report.findings) {
-            findings.push_back(qualityOf(path, finding, fingerprints));
+            findings.push_back(qualityOf(report, path, finding, fingerprints));
         }
         for (const auto& [code, count] : report.left) {
             const CheckFinding rest = {code, {}, "and " + std::to_string(count) + " more", "", ""};
-            findings.push_back(qualityOf(path, rest, fingerprints));
+            findings.push_back(qualityOf(report, path, rest, fingerprints));
             findings.back()["description"] = code->title + (": " + rest.text);
         }
     }

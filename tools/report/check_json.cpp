@@ -7,9 +7,9 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json findingOf(const CheckFinding& finding) {
+Json findingOf(const CheckReport& report, const CheckFinding& finding) {
     const TextPlace& place = finding.place;
-    Json json = {{"code", finding.code->id}, {"level", nameOf(finding.code->level)},
+    Json json = {{"code", finding.code->id}, {"level", nameOf(report.levelOf(*finding.code))},
                  {"line", place.line},       {"column", place.column},
                  {"offset", place.offset},   {"length", place.length},
                  {"message", finding.text},  {"device", finding.device}};
@@ -30,7 +30,7 @@ Json findingOf(const CheckFinding& finding) {
 
 Json reportOf(const CheckReport& report) {
     Json findings = Json::array();
-    for (const CheckFinding& finding : report.findings) findings.push_back(findingOf(finding));
+    for (const CheckFinding& finding : report.findings) findings.push_back(findingOf(report, finding));
     Json log = Json::array();
     Json left = Json::object();
     Json loads = Json::array();

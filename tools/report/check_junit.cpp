@@ -36,10 +36,6 @@ std::string attribute(const char* name, const std::string& value) {
     return std::string(" ") + name + "=\"" + xml(value) + '"';
 }
 
-bool isFailure(CheckLevel level, FailsOn failsOn) {
-    return failsOn && level <= *failsOn;
-}
-
 struct Case {
     std::string name;
     const CheckCode* code;  // null: there is nothing wrong
@@ -65,9 +61,9 @@ std::vector<Case> casesOf(const CheckReport& report) {
     return cases;
 }
 
-size_t failuresOf(const std::vector<Case>& cases, FailsOn failsOn) {
+size_t failuresOf(const CheckReport& report, const std::vector<Case>& cases) {
     return static_cast<size_t>(std::count_if(cases.begin(), cases.end(), [&](const Case& one) {
-        return one.code != nullptr && isFailure(one.code->level, failsOn);
+        return one.code != nullptr && report.isFailure(*one.code);
     }));
 }
 
@@ -76,37 +72,37 @@ std::string countsOf(size_t tests, size_t failures) {
            attribute("errors", "0");
 }
 
-void writeCase(const std::string& file, const Case& one, FailsOn failsOn, std::ostream& out) {
+void writeCase(const CheckReport& report, const std::string& file, const Case& one, std::ostream& out) {
     out << "    <testcase" << attribute("classname", file) << attribute("name", one.name);
     if (one.code == nullptr) {
         out << "/>\n";
-    } else if (isFailure(one.code->level, failsOn)) {
+    } else if (report.isFailure(*one.code)) {
         out << "><failure" << attribute("type", one.code->id) << attribute("message", one.message) << '>'
             << xml(one.text) << "</failure></testcase>\n";
     } else {
-        out << "><system-out>" << nameOf(one.code->level) << ": " << xml(one.text)
+        out << "><system-out>" << nameOf(report.levelOf(*one.code)) << ": " << xml(one.text)
             << "</system-out></testcase>\n";
     }
 }
 
 }  // namespace
 
-void writeCheckJunit(const std::vector<CheckReport>& reports, FailsOn failsOn, std::ostream& out) {
+void writeCheckJunit(const std::vector<CheckReport>& reports, std::ostream& out) {
     size_t tests = 0;
     size_t failures = 0;
     std::vector<std::vector<Case>> suites;
     for (const CheckReport& report : reports) {
         suites.push_back(casesOf(report));
         tests += suites.back().size();
-        failures += failuresOf(suites.back(), failsOn);
+        failures += failuresOf(report, suites.back());
     }
     out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<testsuites" << attribute("name", "eboconf check")
         << countsOf(tests, failures) << ">\n";
     for (size_t i = 0; i < suites.size(); ++i) {
         const std::string file = pathInFolder(reports[i].file);
         out << "  <testsuite" << attribute("name", file)
-            << countsOf(suites[i].size(), failuresOf(suites[i], failsOn)) << ">\n";
-        for (const Case& one : suites[i]) writeCase(file, one, failsOn, out);
+            << countsOf(suites[i].size(), failuresOf(reports[i], suites[i])) << ">\n";
+        for (const Case& one : suites[i]) writeCase(reports[i], file, one, out);
         out << "  </testsuite>\n";
     }
     out << "</testsuites>\n";

@@ -8,17 +8,14 @@ namespace {
 
 void writeTexts(const std::vector<CheckReport>& reports, const CheckTextStyle& style, std::ostream& out) {
     for (const CheckReport& report : reports) writeCheckText(report, style, out);
+    if (style.summary && reports.size() > 1) writeCheckTotals(reports, out);
 }
 
 }  // namespace
 
-bool failsRun(const std::vector<CheckReport>& reports, FailsOn failsOn) {
-    return std::any_of(reports.begin(), reports.end(), [failsOn](const CheckReport& report) {
-        for (const CheckLevel level : {CheckLevel::Error, CheckLevel::Warning, CheckLevel::Info}) {
-            if (failsOn && level <= *failsOn && report.count(level) > 0) return true;
-        }
-        return false;
-    });
+bool failsRun(const std::vector<CheckReport>& reports) {
+    return std::any_of(reports.begin(), reports.end(),
+                       [](const CheckReport& report) { return report.fails(); });
 }
 
 const std::vector<std::string>& checkFormats() {
@@ -27,11 +24,11 @@ const std::vector<std::string>& checkFormats() {
 }
 
 void writeCheck(const std::string& format, const std::vector<CheckReport>& reports,
-                const CheckTextStyle& style, FailsOn failsOn, std::ostream& out) {
+                const CheckTextStyle& style, std::ostream& out) {
     if (format == "text") writeTexts(reports, style, out);
     if (format == "json") writeCheckJson(reports, out);
-    if (format == "sarif") writeCheckSarif(reports, failsOn, out);
+    if (format == "sarif") writeCheckSarif(reports, out);
     if (format == "github") writeCheckGithub(reports, out);
     if (format == "gitlab") writeCheckGitlab(reports, out);
-    if (format == "junit") writeCheckJunit(reports, failsOn, out);
+    if (format == "junit") writeCheckJunit(reports, out);
 }

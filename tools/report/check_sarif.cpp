@@ -79,11 +79,12 @@ Json fixOf(const Artifact& artifact, const CheckFinding& finding) {
              Json::array({{{"artifactLocation", artifact.location()}, {"replacements", replacements}}})}};
 }
 
-Json resultOf(const Artifact& artifact, const CheckFinding& finding, const std::string& fingerprint) {
+Json resultOf(const Artifact& artifact, const CheckReport& report, const CheckFinding& finding,
+              const std::string& fingerprint) {
     Json json = {
         {"ruleId", finding.code->id},
         {"ruleIndex", ruleIndex(finding.code)},
-        {"level", sarifLevel(finding.code->level)},
+        {"level", sarifLevel(report.levelOf(*finding.code))},
         {"message", textOf(messageOf(finding, "\n"))},
         {"locations", Json::array({{{"physicalLocation", artifact.physical(finding.place)}}})},
         {"partialFingerprints", {{"fileCodeAndText/v1", fingerprint}}},
@@ -98,17 +99,17 @@ Json resultOf(const Artifact& artifact, const CheckFinding& finding, const std::
 }
 
 // Findings of which there are too many to list.
-Json restOf(const Artifact& artifact, const CheckCode& code, size_t count) {
+Json restOf(const Artifact& artifact, const CheckReport& report, const CheckCode& code, size_t count) {
     return {{"ruleId", code.id},
             {"ruleIndex", ruleIndex(&code)},
-            {"level", sarifLevel(code.level)},
+            {"level", sarifLevel(report.levelOf(code))},
             {"message", textOf("and " + std::to_string(count) + " more: " + code.title)},
             {"locations", Json::array({{{"physicalLocation", artifact.physical({})}}})}};
 }
 
 }  // namespace
 
-void writeCheckSarif(const std::vector<CheckReport>& reports, FailsOn failsOn, std::ostream& out) {
+void writeCheckSarif(const std::vector<CheckReport>& reports, std::ostream& out) {
     Json artifacts = Json::array();
     Json results = Json::array();
     Fingerprints fingerprints;
@@ -119,11 +120,12 @@ void writeCheckSarif(const std::vector<CheckReport>& reports, FailsOn failsOn, s
                              {"roles", Json::array({"analysisTarget"})},
                              {"mimeType", "application/json"}});
         for (const CheckFinding& finding : report.findings) {
-            results.push_back(resultOf(artifact, finding, fingerprints.of(path, finding)));
+            results.push_back(resultOf(artifact, report, finding, fingerprints.of(path, finding)));
         }
-        for (const auto& [code, count] : report.left) results.push_back(restOf(artifact, *code, count));
+        for (const auto& [code, count] : report.left)
+            results.push_back(restOf(artifact, report, *code, count));
     }
-    const bool failed = failsRun(reports, failsOn);
+    const bool failed = failsRun(reports);
     const Json invocation = {{"executionSuccessful", true},
                              {"exitCode", failed ? 1 : 0},
                              {"exitCodeDescription", failed ? "problems found" : "no problems found"}};

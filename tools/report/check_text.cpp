@@ -88,13 +88,13 @@ void writeQuote(const TextPlace& place, const CheckTextStyle& style, const Paint
         << paint(kBlue, gutter + " | ") << margin << paint(kGreen, '^' + std::string(shown - 1, '~')) << '\n';
 }
 
-void writeFinding(const std::string& file, const CheckFinding& finding, const CheckTextStyle& style,
+void writeFinding(const CheckReport& report, const CheckFinding& finding, const CheckTextStyle& style,
                   std::ostream& out) {
     const Painter paint(style.colours);
     const TextPlace& place = finding.place;
-    std::string where = printable(file);
+    std::string where = printable(report.file);
     if (place.line != 0) where += ':' + std::to_string(place.line) + ':' + std::to_string(place.column);
-    const CheckLevel level = finding.code->level;
+    const CheckLevel level = report.levelOf(*finding.code);
     const char* colour = level == CheckLevel::Error ? kRed : level == CheckLevel::Warning ? kYellow : kBlue;
     out << paint(kBold, where + ": ") << paint(colour, nameOf(level)) << ": " << paint(kBold, finding.text)
         << " [" << finding.code->id << "]\n";
@@ -140,25 +140,77 @@ void writeLoads(const std::vector<CheckLoad>& loads, std::ostream& out) {
     }
 }
 
+constexpr CheckLevel kLevels[] = {CheckLevel::Error, CheckLevel::Warning, CheckLevel::Info};
+
+// "and 12 more [EBO104, EBO105]"
+void writeLeft(const CheckReport& report, std::ostream& out) {
+    for (const CheckLevel level : kLevels) {
+        size_t more = 0;
+        std::vector<std::string> codes;
+        for (const auto& [code, count] : report.left) {
+            if (report.levelOf(*code) != level) continue;
+            more += count;
+            codes.emplace_back(code->id);
+        }
+        if (more == 0) continue;
+        out << printable(report.file) << ": " << nameOf(level) << ": and " << more << " more ["
+            << joined(codes) << "]\n\n";
+    }
+}
+
+// "2 errors, 1 info"; `count` counts the findings of a level.
+template <typename Count>
+std::string levelCounts(Count count) {
+    std::vector<std::string> texts;
+    for (const CheckLevel level : kLevels) {
+        if (const size_t found = count(level)) texts.push_back(countOf(found, nameOf(level)));
+    }
+    return joined(texts);
+}
+
+bool hasProblems(const CheckReport& report) {
+    return report.count(CheckLevel::Error) + report.count(CheckLevel::Warning) > 0;
+}
+
+// Findings that were not chosen change nothing for a device.
+bool isWhole(const CheckReport& report) {
+    return std::all_of(report.loads.begin(), report.loads.end(), [](const CheckLoad& load) {
+        return load.outcome == CheckOutcome::Loads && load.lacks.empty();
+    });
+}
+
+constexpr char kNoneChosen[] = "no findings of the chosen codes";
+
 }  // namespace
 
 void writeCheckText(const CheckReport& report, const CheckTextStyle& style, std::ostream& out) {
-    for (const CheckFinding& finding : report.findings) writeFinding(report.file, finding, style, out);
-    for (const auto& [code, count] : report.left) {
-        out << printable(report.file) << ": " << nameOf(code->level) << ": and " << count << " more ["
-            << code->id << "]\n\n";
-    }
-    std::vector<std::string> counts;
-    for (const CheckLevel level : {CheckLevel::Error, CheckLevel::Warning, CheckLevel::Info}) {
-        if (const size_t count = report.count(level)) counts.push_back(countOf(count, nameOf(level)));
-    }
+    for (const CheckFinding& finding : report.findings) writeFinding(report, finding, style, out);
+    writeLeft(report, out);
+    if (!style.summary) return;
+    const std::string counts = levelCounts([&](CheckLevel level) { return report.count(level); });
     out << printable(report.file) << ": ";
-    if (report.count(CheckLevel::Error) + report.count(CheckLevel::Warning) == 0) {
-        out << "no problems found (" << joined(componentsOf(report)) << ")";
-        for (const std::string& count : counts) out << ", " << count;
+    if (!hasProblems(report) && isWhole(report)) {
+        out << "no problems found (" << joined(componentsOf(report)) << ")"
+            << (counts.empty() ? "" : ", " + counts);
     } else {
-        out << joined(counts);
+        out << (counts.empty() ? kNoneChosen : counts);
         writeLoads(report.loads, out);
     }
     out << '\n';
+}
+
+void writeCheckTotals(const std::vector<CheckReport>& reports, std::ostream& out) {
+    const std::string counts = levelCounts([&](CheckLevel level) {
+        size_t sum = 0;
+        for (const CheckReport& report : reports) sum += report.count(level);
+        return sum;
+    });
+    const auto faulty = std::count_if(reports.begin(), reports.end(), hasProblems);
+    out << countOf(reports.size(), "file") << " checked: ";
+    if (faulty != 0) {
+        out << counts << "; problems in " << countOf(static_cast<size_t>(faulty), "file") << '\n';
+    } else {
+        const bool whole = std::all_of(reports.begin(), reports.end(), isWhole);
+        out << (whole ? "no problems found" : kNoneChosen) << (counts.empty() ? "" : ", " + counts) << '\n';
+    }
 }

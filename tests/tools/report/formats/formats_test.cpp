@@ -49,13 +49,18 @@ json gitlab(const std::vector<CheckReport>& reports) {
     return json::parse(written([&](std::ostream& out) { writeCheckGitlab(reports, out); }));
 }
 
-std::string junit(const std::vector<CheckReport>& reports, FailsOn failsOn) {
-    return written([&](std::ostream& out) { writeCheckJunit(reports, failsOn, out); });
+std::vector<CheckReport> failing(std::vector<CheckReport> reports, FailOn failOn) {
+    for (CheckReport& report : reports) report.failOn = failOn;
+    return reports;
 }
 
-json sarif(const std::vector<CheckReport>& reports, FailsOn failsOn = CheckLevel::Error) {
+std::string junit(const std::vector<CheckReport>& reports, FailOn failOn) {
+    return written([&](std::ostream& out) { writeCheckJunit(failing(reports, failOn), out); });
+}
+
+json sarif(const std::vector<CheckReport>& reports, FailOn failOn = FailOn::Error) {
     return json::parse(
-        written([&](std::ostream& out) { writeCheckSarif(reports, failsOn, out); }))["runs"][0];
+        written([&](std::ostream& out) { writeCheckSarif(failing(reports, failOn), out); }))["runs"][0];
 }
 
 TEST(GithubReport, EscapesWhatTheRunnerReadsAsItsOwn) {
@@ -139,12 +144,12 @@ TEST(JunitReport, FailsWithWhatFailsTheRun) {
     CheckFinding error = kFinding;
     error.code = &kMissingKey;
     report.add(error);
-    EXPECT_THAT(junit({report}, CheckLevel::Error),
+    EXPECT_THAT(junit({report}, FailOn::Error),
                 HasSubstr("<testsuite name=\"f\" tests=\"2\" failures=\"1\""));
-    EXPECT_THAT(junit({report, report}, CheckLevel::Warning),
+    EXPECT_THAT(junit({report, report}, FailOn::Warning),
                 HasSubstr("<testsuites name=\"eboconf check\" tests=\"4\" failures=\"4\" errors=\"0\">"));
-    EXPECT_THAT(junit({report}, std::nullopt), HasSubstr("tests=\"2\" failures=\"0\""));
-    EXPECT_THAT(junit({reportOf("clean", kFinding), CheckReport()}, CheckLevel::Error),
+    EXPECT_THAT(junit({report}, FailOn::Never), HasSubstr("tests=\"2\" failures=\"0\""));
+    EXPECT_THAT(junit({reportOf("clean", kFinding), CheckReport()}, FailOn::Error),
                 HasSubstr("<testcase classname=\"\" name=\"no problems found\"/>"));
 }
 
@@ -152,7 +157,7 @@ TEST(JunitReport, HoldsNothingThatXmlDoesNot) {
     CheckFinding finding = kFinding;
     finding.text = "<&>\"\x01\xFF\x7F\xC2\x85\xEF\xBF\xBE\xEF\xBF\xBF\xC3\xA9";
     EXPECT_THAT(
-        junit({reportOf("f", finding)}, CheckLevel::Warning),
+        junit({reportOf("f", finding)}, FailOn::Warning),
         HasSubstr("><failure type=\"EBO212\" message=\"&lt;&amp;&gt;&quot;??????\xC3\xA9\">f:7:3: "
                   "&lt;&amp;&gt;&quot;??????\xC3\xA9&#10;Device: a:b,c&#10;Help: h</failure></testcase>"));
 }
@@ -182,7 +187,7 @@ TEST(SarifReport, TellsFilesAndExitStatus) {
     EXPECT_EQ(run["results"][0]["locations"][0]["physicalLocation"]["artifactLocation"]["index"], 1);
     EXPECT_EQ(run["invocations"][0]["exitCode"], 0);
     EXPECT_EQ(run["invocations"][0]["executionSuccessful"], true);
-    EXPECT_EQ(sarif(reports, CheckLevel::Warning)["invocations"][0]["exitCode"], 1);
+    EXPECT_EQ(sarif(reports, FailOn::Warning)["invocations"][0]["exitCode"], 1);
     for (const json& rule : run["tool"]["driver"]["rules"]) {
         EXPECT_THAT(rule["helpUri"].get<std::string>(), testing::MatchesRegex("[a-z]+://.*/check.md#codes"));
     }
@@ -195,10 +200,10 @@ TEST(Reports, TellHowManyWereLeftOut) {
     EXPECT_THAT(github({report}), HasSubstr("\n::warning file=f,title=EBO212%3A unknown key::and 3 more\n"));
     EXPECT_EQ(gitlab({report})[50]["description"], "unknown key: and 3 more");
     EXPECT_THAT(
-        junit({report}, CheckLevel::Warning),
+        junit({report}, FailOn::Warning),
         HasSubstr(
             "name=\"EBO212: and 3 more\"><failure type=\"EBO212\" message=\"and 3 more\">unknown key<"));
-    EXPECT_THAT(junit({report}, CheckLevel::Warning), HasSubstr("failures=\"51\""));
+    EXPECT_THAT(junit({report}, FailOn::Warning), HasSubstr("failures=\"51\""));
     EXPECT_EQ(sarif({report})["results"][50]["message"]["text"], "and 3 more: unknown key");
 }
 
@@ -206,11 +211,11 @@ TEST(Runs, FailFromALevelOn) {
     CheckFinding finding = kFinding;
     finding.code = &kDisabledSettings;
     const std::vector<CheckReport> infos = {CheckReport(), reportOf("f", finding)};
-    EXPECT_FALSE(failsRun(infos, CheckLevel::Warning));
-    EXPECT_TRUE(failsRun(infos, CheckLevel::Info));
-    EXPECT_TRUE(failsRun({reportOf("f", kFinding)}, CheckLevel::Warning));
-    EXPECT_FALSE(failsRun({reportOf("f", kFinding)}, CheckLevel::Error));
-    EXPECT_FALSE(failsRun({reportOf("f", kFinding)}, std::nullopt));
+    EXPECT_FALSE(failsRun(failing(infos, FailOn::Warning)));
+    EXPECT_TRUE(failsRun(failing(infos, FailOn::Info)));
+    EXPECT_TRUE(failsRun(failing({reportOf("f", kFinding)}, FailOn::Warning)));
+    EXPECT_FALSE(failsRun(failing({reportOf("f", kFinding)}, FailOn::Error)));
+    EXPECT_FALSE(failsRun(failing({reportOf("f", kFinding)}, FailOn::Never)));
 }
 
 }  // namespace
