@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "check/choice/codes.h"
+#include "check/choice/files.h"
 #include "check/file.h"
 #include "commands/commands.h"
 #include "commands/options.h"
@@ -54,11 +55,18 @@ std::vector<std::string> filesToCheck(const std::vector<std::string>& named) {
 void showNothing(size_t /*done*/, size_t /*all*/) {}
 
 ExitStatus check(const CheckOptions& options) {
+    const FoundFiles found = findFiles(filesToCheck(options.files), [](const std::string&) { return false; });
+    for (const std::string& name : found.empty) {
+        complain("there is no file to check in " + inQuotes(name) +
+                 "; hidden and excluded ones are not counted");
+    }
+    if (!found.empty.empty()) return kUsage;
+
     // The report says it all, and says it once.
     ka_install_log_sink([](const KaLogMessage&, void*) {}, nullptr);
     const unsigned threads = std::max(1U, std::thread::hardware_concurrency());
-    std::vector<CheckReport> reports = checkFiles(filesToCheck(options.files), options.part, threads,
-                                                  options.quiet ? showNothing : showProgress);
+    std::vector<CheckReport> reports =
+        checkFiles(found.files, options.part, threads, options.quiet ? showNothing : showProgress);
     ka_remove_log_sink();
 
     for (CheckReport& report : reports) choose(report, options.choice, {});
@@ -120,7 +128,10 @@ void addCheckCommand(CLI::App& app, ExitStatus& status) {
         ->check(CLI::IsMember(checkFormats()))
         ->capture_default_str();
     addChoice(*command, *options);
-    command->add_option("FILE", options->files, "Tuning files; - is standard input")->required();
+    command
+        ->add_option("FILE", options->files,
+                     "Tuning files, folders of them, or patterns like **/*.json; - is standard input")
+        ->required();
     command->footer(
         "Examples:\n"
         "  eboconf check lamp.json\n"

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "text/edited_text.h"
+#include "text/glob.h"
 #include "text/lines.h"
 #include "text/odd_characters.h"
 #include "text/utf8.h"
@@ -127,6 +128,54 @@ TEST(EditedText, EditsRightAfterWhatWasTakenOut) {
     ASSERT_TRUE(edits);
     EXPECT_EQ(edits->at(0).offset, 5U);
     EXPECT_EQ(text.text(), "01x6789");
+}
+
+TEST(Glob, MatchesPartByPart) {
+    const struct {
+        const char* pattern;
+        const char* path;
+        bool matches;
+    } rows[] = {
+        {"a", "a", true},
+        {"a", "b", false},
+        {"a", "a/b", false},
+        {"a/b", "a", false},
+        {"/a//b/.", "./a/b/", true},
+        {"*", "abc", true},
+        {"*", "a/b", false},
+        {"a*c", "abc", true},
+        {"a?c", "abbc", false},
+        {"[a-c]x", "bx", true},
+        {"[!a-c]x", "bx", false},
+        {"\\*", "*", true},
+        {"\\*", "a", false},
+        {"**", "", true},
+        {"**", "a/b/c", true},
+        {"**/c", "c", true},
+        {"**/c", "a/b/c", true},
+        {"**/c", "a/b", false},
+        {"a/**", "a", true},
+        {"a/**", "b/a", false},
+        {"a/**/c", "a/c", true},
+        {"a/**/c", "a/b/b/c", true},
+        {"**/b/**/d", "a/b/c/d", true},
+        {"**/b/**/d", "a/c/d", false},
+        {"a**", "abc", true},  // within a part it is a "*"
+        {"", "", true},
+        {"", "a", false},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(matchesGlob(partsOfPath(row.pattern), partsOfPath(row.path)), row.matches)
+            << row.pattern << " / " << row.path;
+    }
+    std::string stars = "x";
+    for (int i = 0; i < 50; ++i) stars += "/**/a";
+    EXPECT_FALSE(matchesGlob(partsOfPath(stars), PathParts(200, "a")));
+}
+
+TEST(Glob, IsKnownByItsCharacters) {
+    for (const char* glob : {"*", "a?", "[b]"}) EXPECT_TRUE(isGlob(glob));
+    for (const char* none : {"", "a.json", "a]", "{a,b}"}) EXPECT_FALSE(isGlob(none));
 }
 
 }  // namespace
