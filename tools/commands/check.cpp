@@ -4,12 +4,14 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <thread>
 
 #include "check/choice/codes.h"
 #include "check/choice/files.h"
+#include "check/choice/settings.h"
 #include "check/file.h"
 #include "commands/commands.h"
 #include "commands/options.h"
@@ -52,15 +54,42 @@ std::vector<std::string> filesToCheck(const std::vector<std::string>& named) {
     return files;
 }
 
-void showNothing(size_t /*done*/, size_t /*all*/) {}
+// Relative to where we are, if that is shorter.
+std::string shownPath(const std::string& path) {
+    std::error_code error;
+    const std::string relative = std::filesystem::proximate(path, error);
+    return printable(relative.empty() || relative.size() > path.size() ? path : relative);
+}
 
-ExitStatus check(const CheckOptions& options) {
-    const FoundFiles found = findFiles(filesToCheck(options.files), [](const std::string&) { return false; });
-    for (const std::string& name : found.empty) {
+// As a compiler tells them, for editors.
+bool tellFaults(const std::vector<const Settings*>& faulty) {
+    for (const Settings* settings : faulty) {
+        const std::string file = shownPath(settings->file);
+        for (const SettingsFault& fault : settings->faults) {
+            std::fprintf(stderr, "%s:", file.c_str());
+            if (fault.line != 0) std::fprintf(stderr, "%u:%u:", fault.line, fault.column);
+            std::fprintf(stderr, " error: %s\n", printable(fault.text).c_str());
+        }
+    }
+    return !faulty.empty();
+}
+
+bool tellEmpty(const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
         complain("there is no file to check in " + inQuotes(name) +
                  "; hidden and excluded ones are not counted");
     }
-    if (!found.empty.empty()) return kUsage;
+    return !names.empty();
+}
+
+void showNothing(size_t /*done*/, size_t /*all*/) {}
+
+ExitStatus check(const CheckOptions& options) {
+    NearestSettings settings;
+    const FoundFiles found = findFiles(filesToCheck(options.files),
+                                       [&](const std::string& path) { return settings.isExcluded(path); });
+    for (const std::string& file : found.files) settings.of(file);
+    if (tellFaults(settings.faulty()) || tellEmpty(found.empty)) return kUsage;
 
     // The report says it all, and says it once.
     ka_install_log_sink([](const KaLogMessage&, void*) {}, nullptr);
@@ -69,7 +98,9 @@ ExitStatus check(const CheckOptions& options) {
         checkFiles(found.files, options.part, threads, options.quiet ? showNothing : showProgress);
     ka_remove_log_sink();
 
-    for (CheckReport& report : reports) choose(report, options.choice, {});
+    for (CheckReport& report : reports) {
+        choose(report, options.choice, settings.of(report.file).check);
+    }
     CheckTextStyle style;
     style.colours = colours();
     style.summary = !options.quiet;

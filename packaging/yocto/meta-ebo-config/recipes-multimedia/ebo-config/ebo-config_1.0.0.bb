@@ -11,7 +11,7 @@ DEPENDS = "rapidjson"
 EXTRA_OECMAKE = "-DEBO_BUILD_TESTS=OFF -DEBO_BUILD_SHARED=ON"
 
 PACKAGECONFIG ??= ""
-PACKAGECONFIG[tool] = "-DEBO_BUILD_TOOLS=ON,-DEBO_BUILD_TOOLS=OFF,cli11 nlohmann-json"
+PACKAGECONFIG[tool] = "-DEBO_BUILD_TOOLS=ON,-DEBO_BUILD_TOOLS=OFF,cli11 nlohmann-json tomlplusplus"
 
 # The embedded framework, on which the library stands, and the tool are packages of their own.
 PACKAGES =+ "ka-framework ${PN}-tools"
