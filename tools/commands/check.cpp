@@ -12,6 +12,7 @@
 #include "check/choice/codes.h"
 #include "check/choice/files.h"
 #include "check/choice/settings.h"
+#include "check/explanations.h"
 #include "check/file.h"
 #include "commands/commands.h"
 #include "commands/options.h"
@@ -26,6 +27,7 @@ struct CheckOptions {
     std::string format = "text";
     CheckChoice choice;
     bool quiet = false;
+    std::string explained;  // a code
     std::vector<std::string> files;
 };
 
@@ -147,6 +149,23 @@ void addChoice(CLI::App& command, CheckOptions& options) {
     command.add_flag("-q,--quiet", options.quiet, "Prints findings alone, and no progress");
 }
 
+std::string whyNoSingleCode(const std::string& text) {
+    const std::string why = whyNoCode(text);
+    if (!why.empty() || codeNamed(text) != nullptr) return why;
+    return inQuotes(text) + " is more than one code";
+}
+
+ExitStatus explainCode(const std::string& id) {
+    const CheckCode* code = codeNamed(id);
+    if (code == nullptr) {
+        writeCodes(std::cout);
+    } else {
+        writeExplanation(*code, std::min<size_t>(columns(), 100), std::cout);
+    }
+    std::cout.flush();
+    return kSuccess;
+}
+
 }  // namespace
 
 void addCheckCommand(CLI::App& app, ExitStatus& status) {
@@ -159,14 +178,29 @@ void addCheckCommand(CLI::App& app, ExitStatus& status) {
         ->check(CLI::IsMember(checkFormats()))
         ->capture_default_str();
     addChoice(*command, *options);
-    command
-        ->add_option("FILE", options->files,
-                     "Tuning files, folders of them, or patterns like **/*.json; - is standard input")
-        ->required();
+    const CLI::Option* files =
+        command->add_option("FILE", options->files,
+                            "Tuning files, folders of them, or patterns like **/*.json; - is standard input");
+    const CLI::Option* explain =
+        command
+            ->add_option("--explain", options->explained, "Explains a finding; without CODE, lists them all")
+            ->type_name("CODE")
+            ->expected(0, 1)
+            ->check(CLI::Validator(whyNoSingleCode, ""));
     command->footer(
         "Examples:\n"
         "  eboconf check lamp.json\n"
-        "  eboconf check --strict --format junit *.json > report.xml\n\n"
+        "  eboconf check --strict --ignore EBO212 tunings\n"
+        "  eboconf check --strict --format junit tunings > report.xml\n"
+        "  eboconf check --explain EBO104\n\n"
         "Exit status: 0 clean, 1 problems found, 2 wrong usage.");
-    command->callback([options, &status] { status = check(*options); });
+    command->callback([options, files, explain, &status] {
+        if (explain->count() > 0) {
+            status = explainCode(options->explained);
+        } else if (files->count() == 0) {
+            throw CLI::RequiredError("FILE");
+        } else {
+            status = check(*options);
+        }
+    });
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "check/report.h"
 #include "commands/commands.h"
 #include "commands/options.h"
 #include "report/keys.h"
@@ -106,9 +107,17 @@ private:
     }
 
     void offerValues(const CLI::Option& option, const std::string& before) {
+        if (option.get_type_name().compare(0, 4, "CODE") == 0) return offerCodes(before);
         const Words values = valuesOf(option);
         for (const std::string& value : values) offer(before + value, "");
         mayBeFile_ = values.empty();
+    }
+
+    // The last one of a list.
+    void offerCodes(const std::string& before) {
+        const size_t comma = word_.rfind(',');
+        const std::string begin = comma == std::string::npos ? before : word_.substr(0, comma + 1);
+        for (const CheckCode* code : checkCodes()) offer(begin + code->id, code->title);
     }
 
     void offerOptions() {

@@ -32,3 +32,8 @@ void writeCheckJunit(const std::vector<CheckReport>& reports, std::ostream& out)
 const std::vector<std::string>& checkFormats();
 void writeCheck(const std::string& format, const std::vector<CheckReport>& reports,
                 const CheckTextStyle& style, std::ostream& out);
+
+// What a finding means, in lines of `width` columns.
+void writeExplanation(const CheckCode& code, size_t width, std::ostream& out);
+// A line for each code.
+void writeCodes(std::ostream& out);

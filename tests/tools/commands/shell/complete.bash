@@ -38,6 +38,10 @@ expect 'eboconf check --part=' auto full aec beamform ao agc
 expect 'eboconf check --part=be' beamform
 expect 'eboconf check --part=be --form' --format
 expect 'eboconf check --part beam --format=s' sarif
+expect 'eboconf check --explain EBO10' EBO100 EBO101 EBO102 EBO103 EBO104 EBO105 EBO106 EBO107 EBO108 EBO109
+expect 'eboconf check --select=EBO20' EBO202 EBO203 EBO204 EBO205 EBO206 EBO208
+expect 'eboconf check --ignore EBO104,EBO22,EBO21' EBO104,EBO22,EBO210 EBO104,EBO22,EBO211 EBO104,EBO22,EBO212 EBO104,EBO22,EBO213
+expect 'eboconf check --strict --fail-on=w' warning
 expect 'eboconf diff --format ' text json markdown
 expect 'eboconf dump --part agc --' --help --format --verbose
 expect 'eboconf dump --part=agc --' --help --format --verbose
