@@ -5,14 +5,17 @@
 
 A fenced block whose first line names a path after its language is written to that path. Blocks of `sh` are run by one
 shell, which stops at the first command that fails; a block of `text` after one is the end of what it prints. A block
-of `json` is a piece of a tuning file: laid over the main example it must pass the check. A block of `cpp` without a path
-is for reading alone; one of any other kind fails the document.
+of `json` is a piece of a tuning file: laid over the main example it must pass the check. A block of `yaml` or `groovy`
+with a path is a recipe of a build server: its commands succeed, and fail once a file of the folder `tunings` is faulty.
+A block of `cpp` without a path is for reading alone; one of any other kind fails the document.
 """
 import json
 import re
 import subprocess
 import sys
 from pathlib import Path
+
+import yaml
 
 document, scratch = Path(sys.argv[1]), Path(sys.argv[2])
 
@@ -38,6 +41,33 @@ def laid_over(base, piece):
     if not isinstance(base, dict) or not isinstance(piece, dict):
         return piece
     return {**base, **{key: laid_over(base.get(key), value) for key, value in piece.items()}}
+
+
+def commands_of(language, text):
+    """What a build server runs of a recipe, each in a shell of its own."""
+    if language == "groovy":
+        return re.findall(r"\bsh '([^']*)'", text)
+    recipe = yaml.safe_load(text)
+    if "jobs" in recipe:
+        return [step["run"] for job in recipe["jobs"].values() for step in job["steps"] if "run" in step]
+    return [command for job in recipe.values() for command in job["script"]]
+
+
+def follow(commands):
+    return all(subprocess.run(["bash", "-e", "-c", one], cwd=scratch, stdin=subprocess.DEVNULL).returncode == 0
+               for one in commands)
+
+
+def fault_of_recipe(language, text):
+    commands = commands_of(language, text)
+    example = (scratch / "my-product.json").read_text()
+    (scratch / "tunings").mkdir(exist_ok=True)
+    tuning = scratch / "tunings" / "lamp.json"
+    tuning.write_text(example)
+    if not commands or not follow(commands):
+        return "the recipe fails"
+    tuning.write_text(example.replace("filter_len", "filter_length"))
+    return "the recipe takes a faulty file" if follow(commands) else None
 
 
 class Shell:
@@ -69,6 +99,8 @@ for line, language, path, text in blocks():
     if path:
         (scratch / path).parent.mkdir(parents=True, exist_ok=True)
         (scratch / path).write_text(text)
+        if language in ("yaml", "groovy") and (fault := fault_of_recipe(language, text)):
+            fail(line, fault)
     elif language == "sh":
         output = shell.run(text)
         if output is None:
