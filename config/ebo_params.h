@@ -11,7 +11,7 @@
 
 // A number for the layout of the records, another one whenever a size or an offset changes. The library does
 // not compile with a wrong one, and says which is right. eboLayout() of <ebo_version.h> gives the library's.
-#define EBO_LAYOUT 0x19BF6A0DU
+#define EBO_LAYOUT 239071389U
 
 // ---- enable bits
 

@@ -34,50 +34,44 @@ std::string extents() {
     }
 }
 
-std::string g_record;  // the one whose fields come
-size_t g_size = 0;     // its size in this build
-size_t g_align = 1;    // its alignment
-size_t g_end = 0;      // after the last field so far
+std::string g_rows;  // of the record whose fields come
+size_t g_end = 0;    // after the last field so far
 
 size_t alignUp(size_t offset, size_t align) {
     return (offset + align - 1) / align * align;
 }
 
+template <class Record>
 void expect(bool complete, const char* before) {
     if (complete) return;
-    std::fprintf(stderr, "layout: %s has a field before %s that the list leaves out\n", g_record.c_str(),
-                 before);
+    std::fprintf(stderr, "layout: %s has a field before %s that the list leaves out\n",
+                 typeName<Record>().c_str(), before);
     std::exit(1);
 }
 
-void endRecord() {
-    expect(alignUp(g_end, g_align) == g_size, "its end");
-    g_end = 0;
+template <class Record, class Field>
+void field(const char* name, size_t offset, size_t bits32, size_t bits64) {
+    expect<Record>(alignUp(g_end, alignof(Field)) == offset, name);
+    g_end = offset + sizeof(Field);
+    const std::string bytes = std::is_pointer_v<Field> ? "4, 8" : std::to_string(sizeof(Field));
+    g_rows += std::string("| `") + name + "` | " + typeName<std::remove_all_extents_t<Field>>() +
+              extents<Field>() + " | " + bytes + " | " + std::to_string(bits32) + " | " +
+              std::to_string(bits64) + " |\n";
 }
 
 template <class Record>
-void beginRecord(size_t bits32, size_t bits64) {
-    if (!g_record.empty()) endRecord();
-    g_record = typeName<Record>();
-    g_size = sizeof(Record);
-    g_align = alignof(Record);
-    std::printf("\n## %s\n\n", g_record.c_str());
+void record(size_t bits32, size_t bits64) {
+    expect<Record>(alignUp(g_end, alignof(Record)) == sizeof(Record), "its end");
+    std::printf("\n## %s\n\n", typeName<Record>().c_str());
     if (bits32 == bits64) {
         std::printf("%zu bytes.\n", bits32);
     } else {
         std::printf("%zu bytes with 32-bit pointers, %zu with 64-bit pointers.\n", bits32, bits64);
     }
-    std::printf("\n| field | type | bytes | offset, 32-bit | offset, 64-bit |\n|---|---|--:|--:|--:|\n");
-}
-
-template <class Field>
-void field(const char* name, size_t offset, size_t bits32, size_t bits64) {
-    expect(alignUp(g_end, alignof(Field)) == offset, name);
-    g_end = offset + sizeof(Field);
-    const std::string bytes = std::is_pointer_v<Field> ? "4, 8" : std::to_string(sizeof(Field));
-    std::printf("| `%s` | %s%s | %s | %zu | %zu |\n", name,
-                typeName<std::remove_all_extents_t<Field>>().c_str(), extents<Field>().c_str(), bytes.c_str(),
-                bits32, bits64);
+    std::printf("\n| field | type | bytes | offset, 32-bit | offset, 64-bit |\n|---|---|--:|--:|--:|\n%s",
+                g_rows.c_str());
+    g_rows.clear();
+    g_end = 0;
 }
 
 const char* const kHead =
@@ -93,13 +87,12 @@ the fields mean, and which pointers may be null, stands in [ebo_params.h](../con
 
 }  // namespace
 
-#define SIZE(Record, bits32, bits64) beginRecord<Record>(bits32, bits64)
+#define SIZE(Record, bits32, bits64) record<Record>(bits32, bits64)
 #define OFFSET(Record, name, bits32, bits64) \
-    field<decltype(Record::name)>(#name, offsetof(Record, name), bits32, bits64)
+    field<Record, decltype(Record::name)>(#name, offsetof(Record, name), bits32, bits64)
 
 int main() {
     std::printf("%s", kHead);
 #include "ebo_layout.inc"
-    endRecord();
     return 0;
 }
