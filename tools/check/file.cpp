@@ -185,8 +185,10 @@ CheckReport checkBroken(std::unique_ptr<CheckSource> source, Part part) {
     std::vector<CheckFinding> faults;
     if (error.line == 0) {
         const char* system = error.system_error != 0 ? std::strerror(error.system_error) : nullptr;
-        faults.push_back(
-            {&kUnreadable, {}, error.reason + (system != nullptr ? ": " + std::string(system) : ""), {}, {}});
+        CheckFinding fault = {};
+        fault.code = &kUnreadable;
+        fault.text = error.reason + (system != nullptr ? ": " + std::string(system) : "");
+        faults.push_back(std::move(fault));
         report.loads = judge(*source, part).loads;
     } else {
         CheckReading reading = readOn(std::move(source));
