@@ -3,16 +3,49 @@
 # eboconf with its man page, completions, schema and examples.
 include(CMakePackageConfigHelpers)
 
+# A folder that is given whole but lies in the prefix moves with it.
+foreach(folder LIBDIR INCLUDEDIR)
+  file(RELATIVE_PATH inside "${CMAKE_INSTALL_PREFIX}" "${CMAKE_INSTALL_FULL_${folder}}")
+  if(NOT inside MATCHES "^\\.\\./")
+    set(CMAKE_INSTALL_${folder} "${inside}")
+  endif()
+endforeach()
 set(cmake_dir "${CMAKE_INSTALL_LIBDIR}/cmake/ebo_config")
-set(libraries ebo_config)
-set_target_properties(ebo_config PROPERTIES EXPORT_NAME config)
-if(TARGET ebo_config_shared)
-  list(APPEND libraries ebo_config_shared)
-  set_target_properties(ebo_config_shared PROPERTIES EXPORT_NAME config_shared)
-endif()
-install(TARGETS ${libraries} EXPORT ebo_config_targets
-  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT config
-  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT config_runtime NAMELINK_COMPONENT config)
+
+# ebo_install_library(<name> <alias> <component>): the kinds that were asked for, as <alias> and <alias>_<kind>.
+function(ebo_install_library name alias component)
+  ebo_target_of_kind(${name} ${EBO_OTHER_KIND} other)
+  set(libraries ${name})
+  set_target_properties(${name} PROPERTIES EXPORT_NAME ${alias})
+  if(EBO_BUILD_SHARED)
+    list(APPEND libraries ${other})
+    set_target_properties(${other} PROPERTIES EXPORT_NAME ${alias}_${EBO_OTHER_KIND})
+  endif()
+  install(TARGETS ${libraries} EXPORT ${name}_targets
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${component}
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${component}_runtime NAMELINK_COMPONENT ${component})
+endfunction()
+
+# ebo_install_pc(<name> <component>): the .pc file names its folders from where it is itself, so that it moves with them;
+# a folder outside the prefix is named as it is.
+function(ebo_install_pc name component)
+  file(RELATIVE_PATH up "${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig" "${CMAKE_INSTALL_PREFIX}")
+  set(EBO_PC_PREFIX "\${pcfiledir}/${up}")
+  string(REGEX REPLACE "/$" "" EBO_PC_PREFIX "${EBO_PC_PREFIX}")
+  if(IS_ABSOLUTE "${CMAKE_INSTALL_LIBDIR}")
+    set(EBO_PC_PREFIX "${CMAKE_INSTALL_PREFIX}")
+  endif()
+  foreach(folder LIBDIR INCLUDEDIR)
+    set(EBO_PC_${folder} "${CMAKE_INSTALL_${folder}}")
+    if(NOT IS_ABSOLUTE "${CMAKE_INSTALL_${folder}}")
+      set(EBO_PC_${folder} "\${prefix}/${CMAKE_INSTALL_${folder}}")
+    endif()
+  endforeach()
+  configure_file(cmake/${name}.pc.in "${PROJECT_BINARY_DIR}/${name}.pc" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/${name}.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT ${component})
+endfunction()
+
+ebo_install_library(ebo_config config config)
 install(EXPORT ebo_config_targets NAMESPACE ebo:: DESTINATION ${cmake_dir} COMPONENT config)
 install(FILES config/ebo_config.h config/ebo_lifecycle.h config/ebo_params.h config/ebo_version.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config COMPONENT config)
@@ -32,25 +65,14 @@ install(FILES "${PROJECT_BINARY_DIR}/ebo_config-config.cmake" "${PROJECT_BINARY_
   DESTINATION ${cmake_dir} COMPONENT config)
 
 if(EBO_EMBEDDED_FRAMEWORK)
-  set(libraries ka_framework)
-  set_target_properties(ka_framework PROPERTIES EXPORT_NAME framework)
-  if(TARGET ka_framework_shared)
-    list(APPEND libraries ka_framework_shared)
-    set_target_properties(ka_framework_shared PROPERTIES EXPORT_NAME framework_shared)
-  endif()
-  install(TARGETS ${libraries} EXPORT ka_framework_targets
-    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT framework
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT framework_runtime NAMELINK_COMPONENT framework)
+  ebo_install_library(ka_framework framework framework)
   install(EXPORT ka_framework_targets NAMESPACE ka:: DESTINATION ${cmake_dir} COMPONENT framework)
   install(DIRECTORY framework/ka DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT framework
     FILES_MATCHING PATTERN "*.h")
   set(EBO_PC_REQUIRES "ka_framework")
-  configure_file(cmake/ka_framework.pc.in "${PROJECT_BINARY_DIR}/ka_framework.pc" @ONLY)
-  install(FILES "${PROJECT_BINARY_DIR}/ka_framework.pc"
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT framework)
+  ebo_install_pc(ka_framework framework)
 endif()
-configure_file(cmake/ebo_config.pc.in "${PROJECT_BINARY_DIR}/ebo_config.pc" @ONLY)
-install(FILES "${PROJECT_BINARY_DIR}/ebo_config.pc" DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT config)
+ebo_install_pc(ebo_config config)
 
 if(TARGET eboconf)
   install(TARGETS eboconf RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)

@@ -22,7 +22,7 @@ function(ebo_debian_package component name section description)
 endfunction()
 
 ebo_debian_package(tool ebo-config-tools sound "Command-line tool for tuning files of the voice pipeline")
-if(EBO_BUILD_SHARED)
+if(EBO_BUILD_SHARED OR BUILD_SHARED_LIBS)
   ebo_debian_package(config libebo-config-dev libdevel "Tuning files of the voice pipeline, for building"
     "libebo-config${PROJECT_VERSION_MAJOR} ${version}, libka-framework-dev ${version}")
   ebo_debian_package(config_runtime libebo-config${PROJECT_VERSION_MAJOR} libs "Tuning files of the voice pipeline"
