@@ -58,10 +58,11 @@ else()
   set(EBO_EMBEDDED_FRAMEWORK ON)
 endif()
 configure_package_config_file(cmake/ebo_config-config.cmake.in "${PROJECT_BINARY_DIR}/ebo_config-config.cmake"
-  INSTALL_DESTINATION ${cmake_dir})
+  INSTALL_DESTINATION ${cmake_dir} PATH_VARS CMAKE_INSTALL_BINDIR)
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/ebo_config-config-version.cmake"
   COMPATIBILITY SameMajorVersion)
 install(FILES "${PROJECT_BINARY_DIR}/ebo_config-config.cmake" "${PROJECT_BINARY_DIR}/ebo_config-config-version.cmake"
+  cmake/EboTuning.cmake
   DESTINATION ${cmake_dir} COMPONENT config)
 
 if(EBO_EMBEDDED_FRAMEWORK)

@@ -6,6 +6,7 @@
 
 #include "board.h"
 #include "figures.h"
+#include "voice_tuning.h"
 
 namespace {
 
@@ -52,6 +53,14 @@ void dumpCapture(const char* path, const char* aec, const char* beamform) {
     destroyEboConfig(&ebo);
 }
 
+// The tree that is part of the program, which nobody destroys.
+void dumpBuiltIn() {
+    begin("two-mic-speaker.aec");
+    dumpEboAecConfig(voice_tuning.aec);
+    begin("two-mic-speaker.beamform");
+    dumpEboBeamFormConfig(voice_tuning.bf);
+}
+
 void dumpDefaults() {
     KAEboParam* ebo = createEboConfigs();
     ebo->aec->model_aec_en &= ~EBO_AEC_DELAY;  // there is none
@@ -89,6 +98,7 @@ int main() {
         begin(document.agc);
         dumpAgc(document.path);
     }
+    dumpBuiltIn();
     begin("defaults");
     dumpDefaults();
     printFigures();

@@ -1,4 +1,4 @@
-// Tuning files written anew.
+// Tuning files written anew, and as constants of a program.
 #pragma once
 
 #include <string>
@@ -29,3 +29,13 @@ struct FileExport {
 // at the end of its object. Of a single `part` what other loads read is left out. Refuses a file that states
 // something twice. What is written loads to the same records and masks.
 FileExport exportFile(const Load& load, Part part, const std::string& file);
+
+// C sources, each the whole text of a file.
+struct BuiltIn {
+    std::string declaration;  // a header
+    std::string definition;   // for C99 and C++17, on processors of any kind
+};
+
+// What `load` gives of `tuning`, which has it, as a constant `name` of the record type that the loader returns. Field by
+// field, pointed-at data included, it is what the loader gives.
+BuiltIn exportBuiltIn(const Tuning& tuning, const EboLoad& load, const std::string& name);

@@ -17,7 +17,7 @@ extern void (*const init_end[])();
 [[noreturn]] void reset();
 }
 
-int main();
+int program() asm("main");  // C++ lets nobody call that one by its name
 
 namespace {
 
@@ -77,7 +77,7 @@ void reset() {
     *coprocessors = *coprocessors | 0xFU << 20;  // the floating-point unit
     asm volatile("dsb\n\tisb");
     for (const auto* init = init_begin; init < init_end; ++init) (*init)();
-    boardExit(main());
+    boardExit(program());
 }
 
 // The C library's ways to give up. Its own would bring the printing to files.
