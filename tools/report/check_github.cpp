@@ -41,7 +41,7 @@ void writeAnnotation(const CheckReport& report, const std::string& file, const C
     if (place.line != 0) {
         out << ",line=" << place.line << ",col=" << place.characters;
         const size_t marked = markedCharacters(place);
-        if (marked > 1) out << ",endColumn=" << place.characters + marked - 1;
+        if (marked > 0) out << ",endColumn=" << place.characters + marked - 1;
     }
     out << ',' << property("title", std::string(finding.code->id) + ": " + finding.code->title)
         << "::" << escaped(messageOf(finding, "\n"), false) << '\n';

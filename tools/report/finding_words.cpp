@@ -45,9 +45,9 @@ size_t markedCharacters(const TextPlace& place) {
 std::string pathInFolder(const std::string& file) {
     namespace fs = std::filesystem;
     const fs::path path = fs::path(file).lexically_normal();
-    if (path.is_relative()) return path.string();
     std::error_code failure;
     const fs::path relative = path.lexically_relative(fs::current_path(failure));
+    // Of what is relative already there is none.
     const bool inside = !relative.empty() && *relative.begin() != "..";
     return inside ? relative.string() : path.string();
 }

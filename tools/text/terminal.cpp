@@ -53,12 +53,13 @@ std::string wrapped(const std::string& text, size_t indent, size_t width) {
     std::string result;
     size_t column = 0;
     for (std::string word; words >> word;) {
-        if (column != 0 && column + 1 + word.size() > width) {
+        const size_t taken = widthOf(word);
+        if (column != 0 && column + 1 + taken > width) {
             result += '\n';
             column = 0;
         }
         result += column == 0 ? std::string(indent, ' ') + word : ' ' + word;
-        column += (column == 0 ? indent : 1) + word.size();
+        column += (column == 0 ? indent : 1) + taken;
     }
     return result + '\n';
 }

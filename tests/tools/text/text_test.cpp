@@ -4,6 +4,7 @@
 #include "text/glob.h"
 #include "text/lines.h"
 #include "text/odd_characters.h"
+#include "text/terminal.h"
 #include "text/utf8.h"
 #include "text/width.h"
 #include "text/words.h"
@@ -77,6 +78,11 @@ TEST(Widths, AreThoseOfATerminal) {
     EXPECT_EQ(widthOf("\xFF\x1b"), 2U);
     EXPECT_EQ(shortened("\xE6\xBC\xA2\xE6\xBC\xA2\xE6\xBC\xA2", 6), "\xE6\xBC\xA2\xE6\xBC\xA2\xE6\xBC\xA2");
     EXPECT_EQ(shortened("\xE6\xBC\xA2\xE6\xBC\xA2\xE6\xBC\xA2", 5), "\xE6\xBC\xA2...");
+}
+
+TEST(Widths, DecideWhereALineIsBroken) {
+    EXPECT_EQ(wrapped("\xE6\xBC\xA2\xE6\xBC\xA2 \xE6\xBC\xA2 a", 0, 7),
+              "\xE6\xBC\xA2\xE6\xBC\xA2 \xE6\xBC\xA2\na\n");
 }
 
 TEST(Lines, PlaceTheEndOfALineThatEndsInACarriageReturn) {

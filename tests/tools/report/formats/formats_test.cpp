@@ -84,6 +84,8 @@ TEST(GithubReport, LeavesOutAPlaceThatThereIsNot) {
     EXPECT_THAT(github({reportOf("f", finding)}), HasSubstr("::warning file=f,title="));
     finding.place = placeOf(1, "x", 1, 0);
     EXPECT_THAT(github({reportOf("f", finding)}), HasSubstr(",line=1,col=2,title="));
+    finding.place = placeOf(1, "x", 0, 1);
+    EXPECT_THAT(github({reportOf("f", finding)}), HasSubstr(",line=1,col=1,endColumn=1,title="));
     finding.place = placeOf(1, "the quote ends before the mark", 5, 500);
     EXPECT_THAT(github({reportOf("f", finding)}), HasSubstr(",line=1,col=6,title="));
 }
