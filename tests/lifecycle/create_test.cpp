@@ -34,37 +34,46 @@ Creation creation(const char* name, std::vector<Block> blocks) {
             std::move(blocks)};
 }
 
-const Block kRoot = {"createEboConfigs", sizeof(KAEboParam)};
-const Block kAec = {"createEboAecConfig", sizeof(EboAecParam)};
-const Block kBf = {"createEboBeamFormConfig", sizeof(EboBeamFormParam)};
-const Block kRx = {"createEboRxconfig", sizeof(EboRxParam)};
-const Block kAgc = {"createEboAgcConfig", sizeof(EboAgcParam)};
-const Block kAnr = {"createEboAnrConfig", sizeof(EboAnrParam)};
-const Block kNlp = {"createEboNlpconfig", sizeof(EboNlpParam)};
-const Block kDereverb = {"createEboDereverbConfig", sizeof(EboDereverbParam)};
-const Block kCng = {"createEboCngConfig", sizeof(EboCngParam)};
-const Block kDtd = {"createEboDtdConfig", sizeof(EboDtdParam)};
-const Block kAes = {"createEboAesconfig", sizeof(EboAesParam)};
-
 // clang-format off
-const Creation kCreations[] = {
-    creation<createEboAgcConfig, destroyEboAgcConfig>("agc", {kAgc}),
-    creation<createEboAnrConfig, destroyEboAnrConfig>("anr", {kAnr}),
-    creation<createEboNlpconfig, destroyEboNlpConfig>("nlp", {kNlp}),
-    creation<createEboDereverbConfig, destroyEboDereverbConfig>("dereverb", {kDereverb}),
-    creation<createEboCngConfig, destroyEboCngConfig>("cng", {kCng}),
-    creation<createEboDtdConfig, destroyEboDtdConfig>("dtd", {kDtd}),
-    creation<createEboAesconfig, destroyEboAesConfig>("aes", {kAes}),
-    creation<createEboAecConfig, destroyEboAecConfig>("aec", {kAec}),
-    creation<createEboRxconfig, destroyEboRxConfig>("rx", {kRx, kAnr}),
-    creation<createEboBeamFormConfig, destroyEboBeamFormConfig>("bf", {kBf, kAgc, kAnr, kNlp, kDereverb, kCng, kDtd, kAes}),
-    creation<createEboConfigs, destroyEboConfig>("root", {kRoot, kAec, kBf, kAgc, kAnr, kNlp, kDereverb, kCng, kDtd, kAes}),
-};
+#define BLOCK(create) Block{#create, sizeof(*create())}
+#define MODULE(section, create, destroy) creation<create, destroy>(section, {BLOCK(create)})
+
+// In the order in which the beamformer makes them.
+const std::vector<Creation>& modules() {
+    static const std::vector<Creation> made = {
+        MODULE("agc", createEboAgcConfig, destroyEboAgcConfig),
+        MODULE("anr", createEboAnrConfig, destroyEboAnrConfig),
+        MODULE("nlp", createEboNlpconfig, destroyEboNlpConfig),
+        MODULE("dereverb", createEboDereverbConfig, destroyEboDereverbConfig),
+        MODULE("cng", createEboCngConfig, destroyEboCngConfig),
+        MODULE("dtd", createEboDtdConfig, destroyEboDtdConfig),
+        MODULE("aes", createEboAesconfig, destroyEboAesConfig),
+    };
+    return made;
+}
+
+std::vector<Block> withModules(std::vector<Block> blocks) {
+    for (const Creation& module : modules()) blocks.push_back(module.blocks[0]);
+    return blocks;
+}
+
+const Creation& root() {
+    static const auto made = creation<createEboConfigs, destroyEboConfig>("root", withModules({BLOCK(createEboConfigs), BLOCK(createEboAecConfig), BLOCK(createEboBeamFormConfig)}));
+    return made;
+}
+
+std::vector<Creation> creations() {
+    std::vector<Creation> made = modules();
+    made.push_back(creation<createEboAecConfig, destroyEboAecConfig>("aec", {BLOCK(createEboAecConfig)}));
+    made.push_back(creation<createEboRxconfig, destroyEboRxConfig>("rx", {BLOCK(createEboRxconfig), BLOCK(createEboAnrConfig)}));
+    made.push_back(creation<createEboBeamFormConfig, destroyEboBeamFormConfig>("bf", withModules({BLOCK(createEboBeamFormConfig)})));
+    made.push_back(root());
+    return made;
+}
 // clang-format on
-constexpr size_t kModules = 7;  // the first of these, in the order in which the beamformer makes them
 
 class EveryCreation : public testing::TestWithParam<Creation> {};
-INSTANTIATE_TEST_SUITE_P(Of, EveryCreation, testing::ValuesIn(kCreations), nameOfCase<Creation>);
+INSTANTIATE_TEST_SUITE_P(Of, EveryCreation, testing::ValuesIn(creations()), nameOfCase<Creation>);
 
 [[maybe_unused]] std::vector<std::string> mallocs(const std::vector<Block>& blocks, size_t missing = 0) {
     std::vector<std::string> lines;
@@ -114,10 +123,10 @@ TEST_P(EveryCreation, GoesOnWithoutAModuleThatCannotBeAllocated) {
                                    : GetParam().name == std::string("bf")
                                        ? static_cast<EboBeamFormParam*>(record)
                                        : nullptr;
-            for (size_t i = 0; bf && i < kModules; ++i) {
+            for (const Creation& module : modules()) {
+                if (!bf) break;
                 const auto parts = partsOf(model::Loader::BeamForm, bf, 0);
-                EXPECT_EQ(parts.count(kCreations[i].name),
-                          kCreations[i].blocks[0].maker == missing ? 0U : 1U);
+                EXPECT_EQ(parts.count(module.name), module.blocks[0].maker == missing ? 0U : 1U);
             }
             GetParam().destroy(record);
         }
@@ -126,9 +135,8 @@ TEST_P(EveryCreation, GoesOnWithoutAModuleThatCannotBeAllocated) {
 
 TEST(CreateDeathTest, AbortsWhenAContainerOfTheTreeCannotBeMade) {
     if constexpr (Host::kRecords) {
-        const Creation& root = *(std::end(kCreations) - 1);
-        EXPECT_ASSERTION(createWithout(root, 2), "createEboConfigs", "param->aec != KA_NULL");
-        EXPECT_ASSERTION(createWithout(root, 3), "createEboConfigs", "param->bf != KA_NULL");
+        EXPECT_ASSERTION(createWithout(root(), 2), "createEboConfigs", "param->aec != KA_NULL");
+        EXPECT_ASSERTION(createWithout(root(), 3), "createEboConfigs", "param->bf != KA_NULL");
     }
 }
 
@@ -154,19 +162,22 @@ void expectAec(EboAecParam* aec, char fill) {
 }
 
 void expectBeamForm(EboBeamFormParam* bf, char fill) {
+    char* const bytes = reinterpret_cast<char*>(bf);
     std::vector<size_t> slots;
-    for (size_t i = 0; i < kModules; ++i) {
-        const Section& section = model::sectionOf(kCreations[i].name);
+    for (const Creation& made : modules()) {
+        const Section& section = model::sectionOf(made.name);
         slots.push_back(section.reader.slot);
         const void* module = nullptr;
-        std::memcpy(&module, reinterpret_cast<const char*>(bf) + section.reader.slot, sizeof module);
+        std::memcpy(&module, bytes + section.reader.slot, sizeof module);
         expectDefaults(section, module, fill);
     }
     expectDefaults(model::sectionOf("bf"), bf, fill, slots);
-    bf->howl = nullptr;  // so that it can be destroyed
-    bf->doa = nullptr;
-    bf->wakeup = nullptr;
-    bf->ainr = nullptr;
+    // The other slots are cleared, so that it can be destroyed.
+    for (const Section& section : model::allSections()) {
+        const size_t slot = section.reader.slot;
+        if (slot && std::count(slots.begin(), slots.end(), slot) == 0)
+            std::memset(bytes + slot, 0, sizeof(void*));
+    }
 }
 
 // Both kinds of memory that an allocator may hand out; the real frameworks have only the first.
@@ -182,10 +193,10 @@ INSTANTIATE_TEST_SUITE_P(Over, Defaults,
                                                           : std::vector<char>{'\0'}));
 
 TEST_P(Defaults, AreAllThatIsWrittenToAModule) {
-    for (size_t i = 0; i < kModules; ++i) {
-        void* const record = kCreations[i].create();
-        expectDefaults(model::sectionOf(kCreations[i].name), record, GetParam());
-        kCreations[i].destroy(record);
+    for (const Creation& module : modules()) {
+        void* const record = module.create();
+        expectDefaults(model::sectionOf(module.name), record, GetParam());
+        module.destroy(record);
     }
 }
 

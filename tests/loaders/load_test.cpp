@@ -90,7 +90,13 @@ json playback(const json& patch) {
     return {{"ebo_ao_configs", patch}};
 }
 const json kOff = {{"status", "off"}};
-constexpr int kAll = 0x3ccff;  // all modules
+// All modules.
+const int kAll = [] {
+    int bits = 0;
+    for (const model::Section& section : model::allSections())
+        if (section.name != "aec" && section.name != "bf") bits |= section.bit;
+    return bits;
+}();
 constexpr char kMap[] = "mic_chn_map:4 chn;map:3,1,2,-7";
 constexpr char kMode[] = "Current wakeup mode is: 2\n";
 

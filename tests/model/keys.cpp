@@ -19,7 +19,12 @@ constexpr Reader record(const char* function, const char* destroyer, size_t slot
         };
         return Outcome{made == nullptr, std::shared_ptr<void>(made, destroy)};
     };
-    return {function, destroyer, read, sizeof(T), slot};
+    const auto destroy = [](void** pointer) {
+        T* typed = static_cast<T*>(*pointer);
+        Destroy(&typed);
+        *pointer = typed;
+    };
+    return {function, destroyer, read, destroy, sizeof(T), slot};
 }
 
 template <int (*Read)(void*, const char*, int*)>
@@ -29,7 +34,7 @@ constexpr Reader toggle(const char* function) {
         if (result != 0 && result != -1) throw std::logic_error("neither 0 nor -1");
         return Outcome{result != 0, nullptr};
     };
-    return {function, "", read, 0, 0};
+    return {function, "", read, nullptr, 0, 0};
 }
 
 template <class T>

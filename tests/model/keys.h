@@ -40,6 +40,7 @@ struct Reader {
     const char* function;
     const char* destroyer;  // of the record
     Outcome (*read)(void* parser, const char* root, int* model_en);
+    void (*destroy)(void** record);
     size_t size;  // of the record; 0: a switch
     size_t slot;  // offset in the container's record; 0: none
 };

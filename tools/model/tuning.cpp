@@ -4,6 +4,7 @@
 #include <parse/row_scan.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <new>
 
@@ -148,17 +149,13 @@ std::vector<const EboLoad*> loadsOf(Part part, const KAJsonParser& document) {
 
 Tuning defaultTuning() {
     Tuning tuning;
+    errno = 0;  // a module that lacks memory stays null, and nothing else tells
     messagesOf([&tuning] { tuning.capture.reset(notNull(createEboConfigs())); });
-    const EboBeamFormParam& bf = *tuning.capture->bf;
-    for (const void* made :
-         std::initializer_list<const void*>{bf.agc, bf.anr, bf.nlp, bf.dereverb, bf.cng, bf.dtd, bf.aes}) {
-        notNull(made);
-    }
     tuning.channels = 8;
     tuning.playback.reset(newRecord<KAEboParam>());
     tuning.playback->model_en = EBO_PATH_RX;
     tuning.playback->rx = notNull(createEboRxconfig());
-    notNull(tuning.playback->rx->anr);
+    if (errno == ENOMEM) throw std::bad_alloc();
     tuning.gain.reset(notNull(createEboAgcConfig()));
     tuning.gainMask = tuning.capture->bf->model_en & EBO_BF_AGC;
     return tuning;
