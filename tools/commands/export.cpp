@@ -27,7 +27,7 @@ ExitStatus printDefaults() {
     return kSuccess;
 }
 
-ExitStatus refuse(const std::string& reason) {
+ExitStatus refuseExport(const std::string& reason) {
     complain(reason);
     return kFailure;
 }
@@ -35,7 +35,7 @@ ExitStatus refuse(const std::string& reason) {
 ExitStatus printBuiltIn(const ExportOptions& options) {
     const EboLoad& part = options.part != nullptr ? *options.part : kEboLoads[kEboFullLoad];
     const Load load = loadTuning(options.file, &part);
-    if (!load.loaded) return refuse(whyNotLoaded(load, options.file));
+    if (!load.loaded) return refuseExport(whyNotLoaded(load, options.file));
     const BuiltIn result = exportBuiltIn(load.tuning, part, options.name);
     std::fputs((options.format == "h" ? result.declaration : result.definition).c_str(), stdout);
     return kSuccess;
@@ -47,7 +47,7 @@ ExitStatus run(const ExportOptions& options) {
     const Load load = loadTuning(options.file, options.part, FileText::Kept);
     const FileExport result = load.loaded ? exportFile(load, options.part, options.file)
                                           : FileExport{"", whyNotLoaded(load, options.file)};
-    if (!result.refusal.empty()) return refuse(result.refusal);
+    if (!result.refusal.empty()) return refuseExport(result.refusal);
     std::fwrite(result.text.data(), 1, result.text.size(), stdout);
     return kSuccess;
 }

@@ -31,7 +31,7 @@ void writeList(JsonWriter& json, const char* name, const std::vector<Difference>
 }
 
 // A text that stays what it is, between more '`' than it has in a row; a table wants its '|' escaped even so.
-std::string code(const std::string& text) {
+std::string inBackticks(const std::string& text) {
     std::string shown;
     size_t run = 0;
     size_t longest = 0;
@@ -46,8 +46,8 @@ std::string code(const std::string& text) {
 }
 
 std::string cellOf(const Value& value) {
-    if (value.kind == Value::Word) return code(inQuotes(value.text));
-    return value.kind == Value::Number ? code(value.text) : value.text;
+    if (value.kind == Value::Word) return inBackticks(inQuotes(value.text));
+    return value.kind == Value::Number ? inBackticks(value.text) : value.text;
 }
 
 }  // namespace
@@ -63,11 +63,13 @@ std::string comparisonJson(const ComparedNames& names, const Differences& differ
 }
 
 std::string comparisonMarkdown(const ComparedNames& names, const Differences& differences) {
-    if (differences.none()) return code(names.from) + " and " + code(names.to) + " load the same.\n";
-    std::string table = "| setting | " + code(names.from) + " | " + code(names.to) + " |\n|---|---|---|\n";
+    if (differences.none())
+        return inBackticks(names.from) + " and " + inBackticks(names.to) + " load the same.\n";
+    std::string table =
+        "| setting | " + inBackticks(names.from) + " | " + inBackticks(names.to) + " |\n|---|---|---|\n";
     for (const auto* list : {&differences.switches, &differences.values}) {
         for (const Difference& difference : *list) {
-            table += "| " + code(difference.name) + " | " + cellOf(difference.from) + " | " +
+            table += "| " + inBackticks(difference.name) + " | " + cellOf(difference.from) + " | " +
                      cellOf(difference.to) + " |\n";
         }
     }
