@@ -1,8 +1,13 @@
 #include "check/choice/files.h"
 
+#include <dirent.h>
+#include <sys/stat.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <iterator>
+#include <memory>
 #include <set>
 #include <system_error>
 #include <utility>
@@ -34,17 +39,34 @@ private:
         bool isFolder;
     };
 
-    void enter(const std::string& folder) {
-        std::error_code error;
-        std::vector<Entry> entries;
-        fs::directory_iterator next(folder.empty() ? "." : folder, error);
-        for (; !error && next != fs::directory_iterator(); next.increment(error)) {
-            std::error_code unknown;
-            // What the folder itself says: an entry need not be within reach.
-            const bool isFolder = !next->is_symlink(unknown) && next->is_directory(unknown);
-            entries.push_back({next->path().filename(), isFolder});
+    struct CloseFolder {
+        void operator()(DIR* folder) const { closedir(folder); }
+    };
+
+    // As the folder says, if it does: an entry need not be within reach.
+    static bool isFolderItself(const std::string& folder, const dirent& entry) {
+        struct stat status = {};
+        return entry.d_type == DT_DIR ||
+               (entry.d_type == DT_UNKNOWN && lstat((folder + entry.d_name).c_str(), &status) == 0 &&
+                S_ISDIR(status.st_mode));
+    }
+
+    // False when it cannot be read. Not by the iterator of <filesystem>, which ends the process when memory
+    // fails.
+    static bool read(const std::string& folder, std::vector<Entry>& entries) {
+        const std::unique_ptr<DIR, CloseFolder> open(opendir(folder.empty() ? "." : folder.c_str()));
+        if (!open) return false;
+        errno = 0;
+        while (const dirent* next = readdir(open.get())) {
+            entries.push_back({next->d_name, isFolderItself(folder, *next)});
+            errno = 0;
         }
-        if (error) {
+        return errno == 0;
+    }
+
+    void enter(const std::string& folder) {
+        std::vector<Entry> entries;
+        if (!read(folder, entries)) {
             files_.push_back(folder.empty() ? "." : folder.substr(0, folder.size() - 1));
             return;
         }
