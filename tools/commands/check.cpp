@@ -193,7 +193,7 @@ void addCheckCommand(CLI::App& app, ExitStatus& status) {
         "  eboconf check --strict --ignore EBO212 tunings\n"
         "  eboconf check --strict --format junit tunings > report.xml\n"
         "  eboconf check --explain EBO104\n\n"
-        "Exit status: 0 clean, 1 problems found, 2 wrong usage.");
+        "Exit status: 0 clean, 1 problems found, 2 wrong usage or eboconf.toml.");
     command->callback([options, files, explain, &status] {
         if (explain->count() > 0) {
             status = explainCode(options->explained);
