@@ -78,8 +78,8 @@ bool tellFaults(const std::vector<const Settings*>& faulty) {
 
 bool tellEmpty(const std::vector<std::string>& names) {
     for (const std::string& name : names) {
-        complain("there is no file to check in " + inQuotes(name) +
-                 "; hidden and excluded ones are not counted");
+        refuse("check", "there is no file to check in " + inQuotes(name) +
+                            "; hidden and excluded ones are not counted");
     }
     return !names.empty();
 }
