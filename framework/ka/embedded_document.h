@@ -1,4 +1,4 @@
-// Not for users: the private parts of the embedded framework's KaMetaData and KAJsonParser.
+// The private parts of the embedded framework's KaMetaData and KAJsonParser; not for users, but for KaJsonError.
 #pragma once
 
 #include <cstdint>
@@ -19,15 +19,20 @@ struct KaJsonSection {
     KaJsonSiblings keys;
 };
 
+// Why parseFile failed. `reason` is null when it did not.
+struct KaJsonError {
+    const char* reason = nullptr;  // plain words, static storage
+    int system_error = 0;          // errno of a failed call on the file, otherwise 0
+    uint32_t line = 0;             // from 1; 0 when the file as a whole is meant
+    uint32_t column = 0;           // bytes, from 1
+};
+
 struct KaJsonDocument {
     char* text =
-        nullptr;  // the file; strings are decoded in place, and end in NUL once somebody has asked for them
+        nullptr;  // the file; strings decoded in place, ending in NUL once somebody has asked for them
     KaJsonEntry* entries = nullptr;     // roots, sections and keys
     uint32_t count = 0;                 // of entries
     const KaJsonEntry* root = nullptr;  // the one that was asked for last, and its sections
     KaJsonSiblings sections;
-    const char* error = nullptr;  // why parseFile failed
-    int error_errno = 0;
-    uint32_t error_line = 0;
-    uint32_t error_column = 0;
+    KaJsonError error;
 };

@@ -20,14 +20,6 @@ struct KaJsonItem {
     uint32_t level = 0;           // 1 root, 2 section, 3 key
 };
 
-// Why parseFile failed. `reason` is null when it did not.
-struct KaJsonError {
-    const char* reason = nullptr;  // plain words, static storage
-    int system_error = 0;          // errno of a failed call on the file, otherwise 0
-    uint32_t line = 0;             // from 1; 0 when the file as a whole is meant
-    uint32_t column = 0;           // bytes, from 1
-};
-
 // Gives all roots, sections and keys in file order, parents before children, repeated ones included. What
 // lies inside an array, or deeper than a key, is not given.
 class KAJsonTable {
@@ -38,7 +30,7 @@ public:
     // The next one; false, and *item left alone, when there is none.
     bool next(KaJsonItem* item);
 
-    KaJsonError error() const;
+    const KaJsonError& error() const { return parser_.document_.error; }
 
 private:
     const KAJsonParser& parser_;

@@ -10,22 +10,6 @@
 
 namespace {
 
-// Reads until `size` bytes are there or the file ends; the number of bytes read, or -1.
-ssize_t readFully(int fd, char* text, size_t size) {
-    size_t done = 0;
-    while (done < size) {
-        const ssize_t n = read(fd, text + done, size - done);
-        if (n > 0) {
-            done += static_cast<size_t>(n);
-        } else if (n == 0) {
-            break;
-        } else if (errno != EINTR) {
-            return -1;
-        }
-    }
-    return static_cast<ssize_t>(done);
-}
-
 const char* readOpen(int fd, FileBuffer* file, int* system_error) {
     struct stat status;
     if (fd < 0 || fstat(fd, &status) != 0) {
@@ -39,13 +23,15 @@ const char* readOpen(int fd, FileBuffer* file, int* system_error) {
     const size_t size = static_cast<size_t>(status.st_size);
     file->text = static_cast<char*>(malloc(size + kFilePadding));
     if (!file->text) return "out of memory";
-    const ssize_t n = readFully(fd, file->text, size);
-    if (n < 0) {
+    ssize_t n = 1;
+    while (file->size < size && n != 0) {
+        n = read(fd, file->text + file->size, size - file->size);
+        if (n > 0) file->size += static_cast<uint32_t>(n);
+        if (n >= 0 || errno == EINTR) continue;
         *system_error = errno;
         return "cannot be read";
     }
-    file->size = static_cast<uint32_t>(n);
-    memset(file->text + n, 0, kFilePadding);
+    memset(file->text + file->size, 0, kFilePadding);
     return file->size == 0 ? "the file is empty" : nullptr;
 }
 

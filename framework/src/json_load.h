@@ -15,6 +15,10 @@ struct JsonLoad {
     uint32_t offset = 0;           // that place
 };
 
-// Decodes strings in place; what the table holds keeps its offset. False when the text is not JSON, and then
-// it is as it was.
+// Decodes strings in place; what the table holds keeps its offset. False when the text is not JSON (RFC 8259,
+// without half surrogate pairs), and then it is as it was.
 bool loadJson(FileBuffer* file, JsonLoad* load);
+
+// What the JSON library says of a text that our own scanner, which may only accept, does not take: why it is
+// wrong, and where.
+void findFault(const FileBuffer& file, JsonLoad* load);

@@ -1,28 +1,23 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "file_buffer.h"
-#include "json_entry.h"
 #include "json_load.h"
-#include "siblings.h"
 
 namespace {
 
-constexpr unsigned kChannel = 0;
 constexpr int kErrorLevel = 2;
 constexpr char kTag[] = "KAJsonParser";
 
-void report(const KaJsonDocument& document, const char* path) {
+void report(const KaJsonError& error, const char* path) {
     if (!path) path = "(null)";
-    if (document.error_errno != 0) {
-        ka_err(kChannel, kErrorLevel, kTag, "%s: %s: %s", "parseFile", __LINE__, path, document.error,
-               strerror(document.error_errno));
-    } else if (document.error_line != 0) {
-        ka_err(kChannel, kErrorLevel, kTag, "%s:%u:%u: %s", "parseFile", __LINE__, path,
-               static_cast<unsigned>(document.error_line), static_cast<unsigned>(document.error_column),
-               document.error);
+    if (error.system_error != 0) {
+        ka_err(0, kErrorLevel, kTag, "%s: %s: %s", "parseFile", __LINE__, path, error.reason,
+               strerror(error.system_error));
+    } else if (error.line != 0) {
+        ka_err(0, kErrorLevel, kTag, "%s:%u:%u: %s", "parseFile", __LINE__, path,
+               static_cast<unsigned>(error.line), static_cast<unsigned>(error.column), error.reason);
     } else {
-        ka_err(kChannel, kErrorLevel, kTag, "%s: %s", "parseFile", __LINE__, path, document.error);
+        ka_err(0, kErrorLevel, kTag, "%s: %s", "parseFile", __LINE__, path, error.reason);
     }
 }
 
@@ -41,10 +36,8 @@ const KaJsonEntry* findSection(KaJsonDocument* document, const char* root, const
         const KaJsonEntry* const end = document->entries + document->count;
         KaJsonSiblings roots = {document->entries, end, end, true};
         document->root = findAnywhere(&roots, root, text);
-        if (!document->root || document->root->kind() != KaJsonKind::kObject) {
-            return document->root = nullptr;
-        }
-        document->sections = sectionsOf(*document->root, text);
+        if (!document->root || document->root->kind() != KaJsonKind::kObject) return document->root = nullptr;
+        document->sections = siblingsBelow<false>(*document->root, text);
     }
     const KaJsonEntry* const found = findSibling<false>(&document->sections, section, text);
     return found && found->kind() == KaJsonKind::kObject ? found : nullptr;
@@ -62,25 +55,23 @@ int KAJsonParser::parseFile(const char* path) {
     close(&document_);
     FileBuffer file;
     JsonLoad load;
-    const char* error = readFile(path, &file, &document_.error_errno);
-    if (!error && !loadJson(&file, &load)) {
-        error = load.reason;
-        if (load.located) {
-            const KaTextPosition position = ka_text_position(file.text, load.offset);
-            document_.error_line = position.line;
-            document_.error_column = position.column;
-        }
-    }
-    if (!error) {
+    KaJsonError error;
+    error.reason = readFile(path, &file, &error.system_error);
+    if (!error.reason && loadJson(&file, &load)) {
         document_.text = file.text;
         document_.entries = load.entries;
         document_.count = load.count;
         return 1;
     }
+    if (load.located) {
+        const KaTextPosition position = ka_text_position(file.text, load.offset);
+        error.line = position.line;
+        error.column = position.column;
+    }
+    if (!error.reason) error.reason = load.reason;
     free(load.entries);
     free(file.text);
-    document_.error = error;
-    report(document_, path);
+    report(document_.error = error, path);
     return 0;
 }
 
@@ -88,6 +79,6 @@ int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* 
     if (!out) return 0;
     const KaJsonEntry* const found = findSection(&document_, root, section);
     out->section_.text = document_.text;
-    out->section_.keys = found ? keysOf(*found, document_.text) : KaJsonSiblings();
+    out->section_.keys = found ? siblingsBelow<true>(*found, document_.text) : KaJsonSiblings();
     return found ? 1 : 0;
 }

@@ -5,16 +5,10 @@
 bool KAJsonTable::next(KaJsonItem* item) {
     if (index_ == parser_.document_.count) return false;
     const KaJsonEntry& entry = parser_.document_.entries[index_];
-    const uint32_t end = static_cast<uint32_t>(entry.sibling() - parser_.document_.entries);
-    if (index_ >= root_end_) {
-        item->level = 1;
-        root_end_ = end;
-    } else if (index_ >= section_end_) {
-        item->level = 2;
-        section_end_ = end;
-    } else {
-        item->level = 3;
-    }
+    const uint32_t end = index_ + entry.size();
+    item->level = index_ >= root_end_ ? 1 : index_ >= section_end_ ? 2 : 3;
+    if (item->level == 1) root_end_ = end;
+    if (item->level == 2) section_end_ = end;
     const bool has_text = entry.kind() == KaJsonKind::kString || entry.kind() == KaJsonKind::kNumber;
     char* const name = parser_.document_.text + entry.name;
     char* const value = parser_.document_.text + entry.value;
@@ -31,19 +25,11 @@ bool KAJsonTable::next(KaJsonItem* item) {
     return true;
 }
 
-KaJsonError KAJsonTable::error() const {
-    const KaJsonDocument& document = parser_.document_;
-    return {document.error, document.error_errno, document.error_line, document.error_column};
-}
-
 KaTextPosition ka_text_position(const char* text, size_t offset) {
     KaTextPosition position = {1, 1};
     for (size_t i = 0; i < offset; ++i) {
-        ++position.column;
-        if (text[i] == '\n') {
-            ++position.line;
-            position.column = 1;
-        }
+        position.line += text[i] == '\n';
+        position.column = text[i] == '\n' ? 1 : position.column + 1;
     }
     return position;
 }

@@ -1,7 +1,5 @@
 #include "json_text.h"
 
-#include "plain_text.h"
-
 namespace {
 
 // What a letter after a backslash stands for; NUL when it is none.

@@ -1,8 +1,21 @@
-// The parts of a JSON text (RFC 8259) that are told apart byte by byte. A text ends in a NUL.
+// What a scanner does with most bytes of a text: going past names, plain characters, numbers and blanks. All
+// speed that depends on the processor is here. A text ends in a NUL, which is none of these, and what follows
+// is readable for kFilePadding bytes: as far as a read of this header may reach.
+//
+// What bounds a scanner is not the number of its instructions but a chain: where a token begins is known only
+// when the one before it has been measured. So steps of measured length are taken as jumps, which the
+// processor guesses.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+#include "file_buffer.h"
 
 // The first byte after what begins at `at`; null when it is not right. Of a string `at` is the byte after the
 // opening quote, and the result is the closing one; *escapes becomes true when there is an escape in it.
@@ -12,3 +25,187 @@ const char* skipNumber(const char* at);
 
 // Decodes the escapes of a string that is right, in place. Returns its new length.
 uint32_t decode(char* text, uint32_t length);
+
+namespace plain_text {
+
+inline bool isDigit(char c) {
+    return static_cast<unsigned char>(c - '0') < 10;
+}
+
+#ifdef __SSE2__
+
+static_assert(sizeof(__m128i) <= kFilePadding);
+
+inline __m128i load(const char* text) {
+    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
+}
+inline __m128i equal(__m128i bytes, char c) {
+    return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c));
+}
+// The empty statement keeps the compiler from comparing the other way round and inverting the result.
+inline __m128i below(__m128i bytes, char c) {
+    __m128i limit = _mm_set1_epi8(c);
+    __asm__("" : "+x"(limit));
+    return _mm_cmpgt_epi8(limit, bytes);
+}
+// A bit for each byte, the first one lowest.
+inline unsigned maskOf(__m128i bytes) {
+    return static_cast<unsigned>(_mm_movemask_epi8(bytes));
+}
+inline size_t zerosBelow(unsigned mask) {
+    return static_cast<size_t>(__builtin_ctz(mask));
+}
+
+// `text` + `size`, at most 16, as one jump for each size: what follows need not wait for `size` where the
+// jump is guessed rightly. The empty statements keep the compiler from making a sum of the jumps.
+inline const char* stepOver(const char* text, size_t size) {
+    switch (size) {
+        // clang-format off
+#define KA_STEP(n) case n: text += n; __asm__("" : "+r"(text)); return text;
+        KA_STEP(0) KA_STEP(1) KA_STEP(2) KA_STEP(3) KA_STEP(4) KA_STEP(5) KA_STEP(6) KA_STEP(7) KA_STEP(8)
+        KA_STEP(9) KA_STEP(10) KA_STEP(11) KA_STEP(12) KA_STEP(13) KA_STEP(14) KA_STEP(15)
+        default: text += 16; __asm__("" : "+r"(text)); return text;
+        // clang-format on
+#undef KA_STEP
+    }
+}
+
+// The first byte from `text` on that no name in a tuning file has, at most 16 further on; the closing quote
+// if the name is short.
+inline const char* skipName(const char* text) {
+    const __m128i bytes = load(text);
+    const unsigned found =
+        maskOf(_mm_or_si128(below(bytes, '"' + 1), equal(bytes, '\\')));  // and beyond ASCII
+    return stepOver(text, zerosBelow(found | 0x10000));
+}
+
+// The first byte from `text` on that is not plain: quote, backslash, control character or beyond ASCII.
+inline const char* skipPlain(const char* text) {
+    for (;; text += sizeof(__m128i)) {
+        const __m128i bytes = load(text);
+        const __m128i special = _mm_or_si128(equal(bytes, '"'), equal(bytes, '\\'));
+        const unsigned found = maskOf(_mm_or_si128(below(bytes, ' '), special));  // and beyond ASCII
+        if (found != 0) return text + zerosBelow(found);
+    }
+}
+
+// The first byte after the number at `text`, or within it when it is longer than a register or has an
+// exponent; null when there is none.
+inline const char* skipShortNumber(const char* text) {
+    if (__builtin_expect(*text == '-', false)) {
+        ++text;
+        __asm__("" : "+r"(text));  // as in stepOver
+    }
+    const __m128i from_zero = _mm_sub_epi8(load(text), _mm_set1_epi8(static_cast<char>('0' - 128)));
+    const unsigned others = ~maskOf(below(from_zero, 10 - 128));
+    const size_t whole = zerosBelow(others);
+    if (whole == 0 || (*text == '0' && whole != 1)) return nullptr;
+    if (text[whole] != '.') return stepOver(text, whole);
+    const size_t size = zerosBelow(others & (others - 1));  // up to the second that is no digit
+    return size == whole + 1 ? nullptr : stepOver(text, size);
+}
+
+inline const char* skipBlankRun(const char* text) {
+    do {
+        const __m128i bytes = load(text);
+        const __m128i line = _mm_or_si128(equal(bytes, '\n'), equal(bytes, '\r'));
+        const __m128i blank = _mm_or_si128(equal(bytes, ' '), equal(bytes, '\t'));
+        const size_t size = zerosBelow(~maskOf(_mm_or_si128(line, blank)));
+        if (size == 0) break;
+        text = stepOver(text, size);
+    } while (static_cast<unsigned char>(*text) <= ' ');
+    return text;
+}
+
+// What stands between a value and the next key, which is mostly the same throughout a document: a comma, a
+// line break, blanks and a quote.
+class Joint {
+public:
+    bool isAt(const char* at) const { return (maskOf(_mm_cmpeq_epi8(load(at), bytes_)) & mask_) == mask_; }
+    size_t size() const { return size_; }
+    void learn(const char* at, const char* end) {
+        const auto size = static_cast<size_t>(end - at);
+        if (size > sizeof bytes_) return;
+        bytes_ = load(at);
+        size_ = size;
+        mask_ = (1U << size) - 1;
+    }
+
+private:
+    __m128i bytes_ = _mm_setzero_si128();
+    unsigned mask_ = 1;  // a NUL to begin with, at which no key follows
+    size_t size_ = 0;
+};
+
+#else
+
+// The same, a word at a time.
+
+constexpr size_t kOnes = ~size_t{0} / 0xFF;  // times a byte: that byte all over a word
+constexpr bool kLittleEndian = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
+
+static_assert(sizeof(size_t) <= kFilePadding);
+
+inline size_t load(const char* text) {
+    size_t word;
+    memcpy(&word, text, sizeof word);
+    return word;
+}
+
+// Number of bytes, in memory order, before the first one that is not zero; `word` itself is not zero.
+inline size_t zeroBytesBefore(size_t word) {
+    return static_cast<size_t>(kLittleEndian ? __builtin_ctzl(word) : __builtin_clzl(word)) / 8;
+}
+
+// Zero when all bytes of a word are plain, otherwise the high bits of those that are not, and perhaps of more
+// significant ones: a borrow of one byte reaches into the next.
+inline size_t special(size_t word) {
+    const size_t below_blank = word - kOnes * ' ';
+    const size_t quote = (word ^ kOnes * '"') - kOnes;
+    const size_t backslash = (word ^ kOnes * '\\') - kOnes;
+    return (word | below_blank | quote | backslash) & kOnes * 0x80;
+}
+
+inline bool isPlain(char c) {
+    return c >= ' ' && c != '"' && c != '\\' && static_cast<unsigned char>(c) < 0x80;
+}
+
+inline const char* skipPlain(const char* text) {
+    size_t found;
+    while ((found = special(load(text))) == 0) text += sizeof found;
+    if (kLittleEndian) return text + zeroBytesBefore(found);
+    while (isPlain(*text)) ++text;
+    return text;
+}
+
+inline const char* skipName(const char* text) {
+    return skipPlain(text);
+}
+
+inline const char* skipShortNumber(const char* text) {
+    return skipNumber(text);
+}
+
+inline const char* skipBlankRun(const char* text) {
+    while (*text == ' ' || *text == '\n' || *text == '\r' || *text == '\t') {
+        ++text;
+        const size_t others = load(text) ^ kOnes * ' ';
+        text += others == 0 ? sizeof others : zeroBytesBefore(others);
+    }
+    return text;
+}
+
+struct Joint {  // which processors without vector registers would gain nothing by
+    static bool isAt(const char*) { return false; }
+    static size_t size() { return 0; }
+    void learn(const char*, const char*) {}
+};
+
+#endif
+
+// The first byte from `text` on that is no blank.
+inline const char* skipBlanks(const char* text) {
+    return static_cast<unsigned char>(*text) > ' ' ? text : skipBlankRun(text);
+}
+
+}  // namespace plain_text

@@ -1,5 +1,3 @@
-#include "json_verdict.h"
-
 #include <cstdlib>
 #include <cstring>
 
@@ -7,53 +5,24 @@
 #define RAPIDJSON_NAMESPACE ka_rapidjson
 #include <rapidjson/reader.h>
 
+#include "json_load.h"
 #include "json_text.h"
-#include "plain_text.h"
 
 namespace rj = ka_rapidjson;
 
 namespace {
 
-// Memory for what the reader keeps of a text: its open brackets, and one string or number. One block that is
-// large enough for all of it, since the reader does not expect to be refused more.
-class ReaderMemory {
-public:
-    explicit ReaderMemory(const FileBuffer& file = {}) : size_(file.size + kSlack) {
-        for (uint32_t i = 0; i < file.size; ++i) {
-            if (file.text[i] == '[' || file.text[i] == '{') size_ += kBracket;
-        }
-        block_ = malloc(size_);
-    }
-    ~ReaderMemory() { free(block_); }
-    ReaderMemory(const ReaderMemory&) = delete;
-    ReaderMemory& operator=(const ReaderMemory&) = delete;
+// The memory that the reader works in: one block, large enough, since the reader does not expect to be refused
+// more.
+struct ReaderMemory {
+    void* block;
 
-    size_t size() const { return block_ ? size_ : 0; }
-
-    void* Realloc(void*, size_t, size_t) { return block_; }
+    void* Realloc(void*, size_t, size_t) { return block; }
     static void Free(void*) {}
     // The reader makes one itself where it is given none. Never here, so no test can reach these.
     static void* operator new(size_t) noexcept { return nullptr; }  // GCOVR_EXCL_LINE
     static void operator delete(void*) {}                           // GCOVR_EXCL_LINE
-
-private:
-    static constexpr size_t kBracket = 8;
-    static constexpr size_t kSlack = 64;
-
-    size_t size_ = 0;
-    void* block_ = nullptr;
 };
-
-rj::ParseResult read(const char* text, ReaderMemory* memory, size_t* end) {
-    constexpr unsigned kFlags =
-        rj::kParseIterativeFlag | rj::kParseValidateEncodingFlag | rj::kParseNumbersAsStringsFlag;
-    rj::StringStream stream(text);
-    rj::GenericReader<rj::UTF8<>, rj::UTF8<>, ReaderMemory> reader(memory, memory->size());
-    rj::BaseReaderHandler<> nothing;
-    const rj::ParseResult result = reader.Parse<kFlags>(stream, nothing);
-    *end = result.IsError() ? result.Offset() : stream.Tell();
-    return result;
-}
 
 // To the library a number that no double can hold is an error; JSON sets no limit. Leaves of each number its
 // first digit, in the same place, so that all else keeps its place too.
@@ -111,31 +80,34 @@ const char* reasonOf(rj::ParseErrorCode code, const char* text, bool at_end) {
 
 }  // namespace
 
-bool isJson(const FileBuffer& file, JsonLoad* load) {
-    ReaderMemory memory(file);
-    load->reason = kOutOfMemory;
-    if (memory.size() == 0) return false;
-    size_t end;
-    rj::ParseResult result = read(file.text, &memory, &end);
-    if (result.Code() == rj::kParseErrorNumberTooBig) {
-        auto* const copy = static_cast<char*>(malloc(file.size + kFilePadding));
-        if (!copy) return false;
-        memcpy(copy, file.text, file.size + kFilePadding);
-        shortenNumbers(copy);
-        result = read(copy, &memory, &end);
-        free(copy);
+void findFault(const FileBuffer& file, JsonLoad* load) {
+    // What the reader keeps of a text: its open brackets, and one string or number.
+    size_t size = file.size + 64;
+    for (uint32_t i = 0; i < file.size; ++i) {
+        if (file.text[i] == '[' || file.text[i] == '{') size += 8;
     }
-    rj::ParseErrorCode code = result.Code();
-    const char* stop = file.text + end;
+    ReaderMemory memory = {malloc(size + file.size + kFilePadding)};
+    load->reason = kOutOfMemory;
+    if (!memory.block) return;
+    char* const copy = static_cast<char*>(memory.block) + size;
+    memcpy(copy, file.text, file.size + kFilePadding);
+    shortenNumbers(copy);
+
+    constexpr unsigned kFlags =
+        rj::kParseIterativeFlag | rj::kParseValidateEncodingFlag | rj::kParseNumbersAsStringsFlag;
+    rj::StringStream stream(copy);
+    rj::GenericReader<rj::UTF8<>, rj::UTF8<>, ReaderMemory> reader(&memory, size);
+    rj::BaseReaderHandler<> nothing;
+    rj::ParseErrorCode code = reader.Parse<kFlags>(stream, nothing).Code();
+    const char* stop = file.text + (reader.HasParseError() ? reader.GetErrorOffset() : stream.Tell());
+    free(memory.block);
     if (const char* const half = loneSecondHalf(file.text, stop)) {
         code = rj::kParseErrorStringUnicodeSurrogateInvalid;
         stop = half;
     }
-    const bool at_end = stop == file.text + file.size;
-    load->reason = nullptr;
-    if (code == rj::kParseErrorNone && at_end) return true;
     load->located = true;
     load->offset = static_cast<uint32_t>(stop - file.text);
-    load->reason = reasonOf(code, stop, at_end);
-    return false;
+    load->reason = memcmp(file.text, "\xEF\xBB\xBF", 3) == 0
+                       ? "a byte order mark: save the file as UTF-8 without one"
+                       : reasonOf(code, stop, stop == file.text + file.size);
 }

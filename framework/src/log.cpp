@@ -1,3 +1,4 @@
+#include <locale.h>
 #include <pthread.h>
 #include <unistd.h>
 
@@ -5,10 +6,12 @@
 #include <cerrno>
 #include <charconv>
 #include <climits>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "ka/log_sink.h"
-#include "log_text.h"
 
 namespace {
 
@@ -16,6 +19,81 @@ std::atomic<int> g_level{INT_MAX};  // of the messages that are let through
 pthread_rwlock_t g_sink_lock = PTHREAD_RWLOCK_INITIALIZER;
 KaLogSink g_sink = nullptr;
 void* g_sink_user = nullptr;
+
+// A text formatted as printf does in the C locale, whatever the process has set: a short one on the stack, a
+// long one on the heap, cut off where there is no memory for it.
+class Text {
+public:
+    Text() = default;
+    ~Text() { free(heap_); }
+    Text(const Text&) = delete;
+    Text& operator=(const Text&) = delete;
+
+    char* get() { return heap_ ? heap_ : stack_; }
+
+    // Once.
+    __attribute__((format(printf, 2, 0))) void formatList(const char* format, va_list arguments) {
+        va_list again;
+        va_copy(again, arguments);
+        if (!formatPlain(format, arguments)) formatAny(format, again);
+        va_end(again);
+    }
+    __attribute__((format(printf, 2, 3))) void format(const char* format, ...) {
+        va_list arguments;
+        va_start(arguments, format);
+        formatList(format, arguments);
+        va_end(arguments);
+    }
+
+private:
+    bool append(const char* text, size_t length) {
+        if (length >= sizeof stack_ - length_) return false;
+        memcpy(stack_ + length_, text, length);
+        length_ += length;
+        return true;
+    }
+
+    // A short text of no conversions but %s and %d, as most are. The C library's own way takes many pages of
+    // code and tables, for which the first message of a process would have to wait.
+    bool formatPlain(const char* format, va_list arguments) {
+        for (;; format += 2) {
+            const size_t length = strcspn(format, "%");
+            if (!append(format, length)) return false;
+            format += length;
+            stack_[length_] = '\0';
+            if (*format == '\0') return true;
+            char digits[12];
+            const char* text = digits;
+            if (format[1] == 's') {
+                text = va_arg(arguments, const char*);
+            } else if (format[1] == 'd') {
+                *std::to_chars(digits, digits + sizeof digits, va_arg(arguments, int)).ptr = '\0';
+            } else {
+                return false;
+            }
+            if (!text || !append(text, strlen(text))) return false;
+        }
+    }
+
+    __attribute__((format(printf, 2, 0))) void formatAny(const char* format, va_list arguments) {
+        const locale_t c_locale = newlocale(LC_ALL_MASK, "C", nullptr);
+        const locale_t former = uselocale(c_locale);
+        va_list again;
+        va_copy(again, arguments);
+        const int length = vsnprintf(stack_, sizeof stack_, format, arguments);
+        const size_t size = static_cast<size_t>(length) + 1;
+        if (length < 0) stack_[0] = '\0';
+        if (size > sizeof stack_) heap_ = static_cast<char*>(malloc(size));
+        if (heap_) vsnprintf(heap_, size, format, again);
+        va_end(again);
+        uselocale(former);
+        freelocale(c_locale);
+    }
+
+    char stack_[640];
+    size_t length_ = 0;
+    char* heap_ = nullptr;
+};
 
 // Length of the colour sequence (ESC [ numbers m) at `text`, 0 if there is none.
 size_t colourLength(const char* text) {
@@ -54,12 +132,12 @@ size_t makeLine(char* text, bool colours) {
 // several threads do not mix. Colours reach a terminal only.
 void writeLine(const KaLogMessage& message) {
     char digits[12];
-    *std::to_chars(digits, digits + sizeof digits - 1, message.level).ptr = '\0';
+    *std::to_chars(digits, digits + sizeof digits, message.level).ptr = '\0';
     const char* const level = message.level == 2   ? "E"
                               : message.level == 4 ? "N"
                               : message.level == 5 ? "I"
                                                    : digits;
-    LogText text;
+    Text text;
     text.format("%s %s %s:%d: %s", level, message.tag ? message.tag : "-",
                 message.function ? message.function : "-", message.line, message.text);
     const char* line = text.get();
@@ -78,7 +156,7 @@ __attribute__((format(printf, 5, 0))) void deliver(bool error, unsigned int chan
                                                    int line, va_list arguments) {
     if (level > g_level.load(std::memory_order_relaxed)) return;
     const int former_errno = errno;
-    LogText text;
+    Text text;
     text.formatList(format, arguments);
     const KaLogMessage message = {channel, level, tag, function, line, format, text.get(), error};
     pthread_rwlock_rdlock(&g_sink_lock);

@@ -2,8 +2,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "json_entry.h"
 #include "nearest_number.h"
-#include "siblings.h"
 
 namespace {
 

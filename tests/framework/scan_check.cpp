@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "json_load.h"
-#include "quick_scan.h"
 
 namespace {
 
@@ -97,12 +96,6 @@ struct Loaded {
     Loaded(const Loaded&) = delete;
     Loaded& operator=(const Loaded&) = delete;
 
-    // The quick scanner alone, with as much memory as the loader gives it.
-    bool scan() {
-        load.capacity = file.size / 24 + 16;
-        load.entries = static_cast<KaJsonEntry*>(std::malloc(load.capacity * sizeof(KaJsonEntry)));
-        return quickScan(&file, false, &load);
-    }
     std::vector<Entry> entries() const {
         std::vector<Entry> all;
         for (uint32_t i = 0; i < load.count; ++i) {
@@ -123,8 +116,9 @@ struct Loaded {
 
 }  // namespace
 
-bool isTakenQuickly(std::string_view text) {
-    return Loaded(text).scan();
+bool loads(std::string_view text) {
+    Loaded loaded(text);
+    return loadJson(&loaded.file, &loaded.load);
 }
 
 std::string scanDifference(std::string_view text) {
@@ -140,16 +134,13 @@ std::string scanDifference(std::string_view text) {
     const bool too_big = result.Code() == rapidjson::kParseErrorNumberTooBig;  // to the library alone
     const bool right = !result.IsError() && stream.Tell() == text.size() && !events.half_pair;
 
-    Loaded quick(text);
-    const bool taken = quick.scan();
-    if (taken && !right && !too_big) return "the scanner takes what is no JSON";
-    if (!taken && std::memcmp(quick.file.text, text.data(), text.size()) != 0) return "the text was changed";
-
     Loaded loaded(text);
     const bool loads = loadJson(&loaded.file, &loaded.load);
-    if (too_big) return "";
-    if (loads != right) return loads ? "loads, but is no JSON" : loaded.load.reason;
-    if (!loads) return loaded.load.located ? "" : "no place in the text";
+    if (loads && !right && !too_big) return "loads, but is no JSON";
+    if (!loads && std::memcmp(loaded.file.text, text.data(), text.size()) != 0) return "the text was changed";
+    if (!loads && (!loaded.load.reason || !loaded.load.located)) return "no reason or place";
+    if (!loads && right) return std::string("is JSON, but does not load: ") + loaded.load.reason;
+    if (!loads || too_big) return "";
     const std::vector<Entry> found = loaded.entries();
     if (found.size() != events.entries.size()) return "entries: " + std::to_string(found.size());
     for (size_t i = 0; i < found.size(); ++i) {

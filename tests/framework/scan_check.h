@@ -1,4 +1,4 @@
-// Holds the quick scanner against the JSON library, which reads the same text as its documentation shows.
+// Holds the scanner against the JSON library, which reads the same text as its documentation shows.
 #pragma once
 
 #include <string>
@@ -8,5 +8,4 @@
 // not take; "" when all is right.
 std::string scanDifference(std::string_view text);
 
-// Whether the quick scanner takes the text.
-bool isTakenQuickly(std::string_view text);
+bool loads(std::string_view text);

@@ -1,4 +1,4 @@
-#include "siblings.h"
+#include "json_entry.h"
 
 namespace {
 
@@ -16,35 +16,23 @@ uint32_t markOf(const KaJsonEntry& entry, const char* text) {
     return (uint32_t{last} << 8 ^ before ^ length << 26 ^ *name) * 0xC2B2AE35u >> 23;
 }
 
-// Whether two of the names may be equal. Different names may share a mark; then the search is only slower.
+}  // namespace
+
+// Different names may share a mark; then the search is only slower.
 template <bool kKeys>
-bool mayRepeat(const KaJsonEntry* begin, const KaJsonEntry* end, const char* text) {
+KaJsonSiblings siblingsBelow(const KaJsonEntry& parent, const char* text) {
+    const KaJsonEntry* const begin = &parent + 1;
+    const KaJsonEntry* const end = parent.sibling();
     uint32_t seen[kMarks / 32] = {};
     for (const KaJsonEntry* entry = begin; entry != end; entry += kKeys ? 1 : entry->size()) {
         const uint32_t mark = markOf(*entry, text);
-        if ((seen[mark / 32] >> mark % 32 & 1) != 0) return true;
+        if ((seen[mark / 32] >> mark % 32 & 1) != 0) return {begin, end, end, true};
         seen[mark / 32] |= uint32_t{1} << mark % 32;
     }
-    return false;
+    return {begin, end, begin, false};
 }
-
-template <bool kKeys>
-KaJsonSiblings siblings(const KaJsonEntry& parent, const char* text) {
-    const KaJsonEntry* const begin = &parent + 1;
-    const KaJsonEntry* const end = parent.sibling();
-    const bool repeat = mayRepeat<kKeys>(begin, end, text);
-    return {begin, end, repeat ? end : begin, repeat};
-}
-
-}  // namespace
-
-KaJsonSiblings sectionsOf(const KaJsonEntry& root, const char* text) {
-    return siblings<false>(root, text);
-}
-
-KaJsonSiblings keysOf(const KaJsonEntry& section, const char* text) {
-    return siblings<true>(section, text);
-}
+template KaJsonSiblings siblingsBelow<false>(const KaJsonEntry& root, const char* text);
+template KaJsonSiblings siblingsBelow<true>(const KaJsonEntry& section, const char* text);
 
 const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text) {
     const KaJsonEntry* found = nullptr;
