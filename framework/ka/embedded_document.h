@@ -32,6 +32,7 @@ struct KaJsonDocument {
         nullptr;  // the file; strings decoded in place, ending in NUL once somebody has asked for them
     KaJsonEntry* entries = nullptr;     // roots, sections and keys
     uint32_t count = 0;                 // of entries
+    uint32_t capacity = 0;              // the memory of `entries` is for so many
     const KaJsonEntry* root = nullptr;  // the one that was asked for last, and its sections
     KaJsonSiblings sections;
     KaJsonError error;

@@ -7,13 +7,11 @@ constexpr uint32_t kMarks = 512;
 // Equal for equal names, and different for the keys that stand together in a section of a tuning file.
 uint32_t markOf(const KaJsonEntry& entry, const char* text) {
     const uint32_t length = entry.nameLength();
-    if (length < 2) return 0;
-    const auto* const name = reinterpret_cast<const unsigned char*>(text) + entry.name;
-    const auto* const end = name + length;
-    uint16_t last;
-    memcpy(&last, end - 2, sizeof last);
-    const uint32_t before = end[-3];  // of two letters the opening quote
-    return (uint32_t{last} << 8 ^ before ^ length << 26 ^ *name) * 0xC2B2AE35u >> 23;
+    if (length < 3) return 0;
+    const char* const name = text + entry.name;
+    uint32_t last;  // of three letters with the opening quote
+    memcpy(&last, name + length - sizeof last, sizeof last);
+    return (last ^ length << 24 ^ static_cast<unsigned char>(*name)) * 0xC2B2AE35u >> 23;
 }
 
 }  // namespace
@@ -34,11 +32,23 @@ KaJsonSiblings siblingsBelow(const KaJsonEntry& parent, const char* text) {
 template KaJsonSiblings siblingsBelow<false>(const KaJsonEntry& root, const char* text);
 template KaJsonSiblings siblingsBelow<true>(const KaJsonEntry& section, const char* text);
 
+bool isCalled(const KaJsonEntry& entry, const char* name, const char* text) {
+    return !entry.hasNul() && strncmp(text + entry.name, name, entry.name_length) == 0 &&
+           name[entry.name_length] == '\0';
+}
+
 const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text) {
-    const KaJsonEntry* found = nullptr;
     const size_t length = strlen(name);
-    for (const KaJsonEntry* entry = siblings->begin; entry != siblings->end; entry = entry->sibling()) {
-        if (entry->name_length == length && memcmp(text + entry->name, name, length) == 0) found = entry;
+    const auto is_called = [=](const KaJsonEntry* entry) {
+        return entry->name_length == length && memcmp(text + entry->name, name, length) == 0;
+    };
+    const KaJsonEntry* found = nullptr;
+    if (siblings->next != siblings->end && is_called(siblings->next)) {
+        found = siblings->next;
+    } else {
+        for (const KaJsonEntry* entry = siblings->begin; entry != siblings->end; entry = entry->sibling()) {
+            if (is_called(entry)) found = entry;
+        }
     }
     if (found && !siblings->repeat) siblings->next = found->sibling();
     return found;

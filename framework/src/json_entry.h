@@ -36,31 +36,35 @@ static_assert(sizeof(KaJsonEntry) == 16, "the table is most of what a document t
 template <bool kKeys>
 KaJsonSiblings siblingsBelow(const KaJsonEntry& parent, const char* text);
 
+bool isCalled(const KaJsonEntry& entry, const char* name, const char* text);
+
 // The one that is called `name`; null when there is none.
 const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text);
 
-// With a vector register a short name is compared at once. Nobody knows how long `name` is: the read may go
-// beyond its end, but stays within its page, and so never fails; what it reads there counts for nothing.
-__attribute__((no_sanitize("address"))) inline bool isCalled(const KaJsonEntry& entry, const char* name,
-                                                             const char* text) {
-    const char* const own = text + entry.name;
+// As isCalled, or false where that takes more than one comparison of a vector register. Nobody knows how long
+// `name` is: the read may go beyond its end, but stays within its page, and so never fails; what it reads there
+// counts for nothing.
+__attribute__((no_sanitize("address"))) inline bool isCalledAtOnce(const KaJsonEntry& entry, const char* name,
+                                                                   const char* text) {
 #ifdef __SSE2__
     constexpr uintptr_t kPage = 4096;
-    if (entry.name_length < 16 && (reinterpret_cast<uintptr_t>(name) & (kPage - 1)) <= kPage - 16) {
-        const __m128i same = _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(own)),
-                                            _mm_loadu_si128(reinterpret_cast<const __m128i*>(name)));
-        const auto different = ~static_cast<unsigned>(_mm_movemask_epi8(same));
-        return (different & ((1U << entry.name_length) - 1)) == 0 && name[entry.name_length] == '\0';
-    }
+    if (entry.name_length >= 16 || (reinterpret_cast<uintptr_t>(name) & (kPage - 1)) > kPage - 16)
+        return false;
+    const __m128i same = _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(text + entry.name)),
+                                        _mm_loadu_si128(reinterpret_cast<const __m128i*>(name)));
+    const auto different = ~static_cast<unsigned>(_mm_movemask_epi8(same));
+    return (different & ((1U << entry.name_length) - 1)) == 0 && name[entry.name_length] == '\0';
+#else
+    return isCalled(entry, name, text);
 #endif
-    return !entry.hasNul() && strncmp(own, name, entry.name_length) == 0 && name[entry.name_length] == '\0';
 }
 
 // As findAnywhere, and quicker when it is the one after the last that was found.
 template <bool kKeys>
 inline const KaJsonEntry* findSibling(KaJsonSiblings* siblings, const char* name, const char* text) {
     const KaJsonEntry* const next = siblings->next;
-    if (next == siblings->end || !isCalled(*next, name, text)) return findAnywhere(siblings, name, text);
+    if (next == siblings->end || !isCalledAtOnce(*next, name, text))
+        return findAnywhere(siblings, name, text);
     siblings->next = kKeys ? next + 1 : next->sibling();
     return next;
 }

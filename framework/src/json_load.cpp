@@ -52,45 +52,38 @@ const char* skipNameAndColon(const char* at) {
 }
 
 KaJsonKind kindOf(char first) {
-    switch (first) {
-        case '{':
-            return KaJsonKind::kObject;
-        case '[':
-            return KaJsonKind::kArray;
-        case 'n':
-            return KaJsonKind::kNull;
-        case 't':
-        case 'f':
-            return KaJsonKind::kBool;
-        default:
-            return KaJsonKind::kNumber;
-    }
+    return first == '{'                   ? KaJsonKind::kObject
+           : first == '['                 ? KaJsonKind::kArray
+           : first == 'n'                 ? KaJsonKind::kNull
+           : first == 't' || first == 'f' ? KaJsonKind::kBool
+                                          : KaJsonKind::kNumber;
 }
 
-bool reserve(size_t capacity, JsonLoad* load) {
-    void* const entries = realloc(load->entries, capacity * sizeof(KaJsonEntry));
+bool reserve(size_t capacity, KaJsonDocument* document) {
+    void* const entries = realloc(document->entries, capacity * sizeof(KaJsonEntry));
     if (!entries) {
-        load->reason = kOutOfMemory;
+        document->error.reason = kOutOfMemory;
         return false;
     }
-    load->entries = static_cast<KaJsonEntry*>(entries);
-    load->capacity = static_cast<uint32_t>(capacity);
+    document->entries = static_cast<KaJsonEntry*>(entries);
+    document->capacity = static_cast<uint32_t>(capacity);
     return true;
 }
 
-// Room for as many entries as the file will have if it goes on as up to `at`. Returns where `next` is now;
-// null when there is no memory.
+// Room for as many entries as the file will have if it goes on as up to `at`, and for the brackets that may still
+// open, a byte each. Returns where `next` is now; null when there is no memory.
 [[gnu::noinline]] KaJsonEntry* grow(const FileBuffer& file, const char* at, const KaJsonEntry* next,
-                                    JsonLoad* load) {
-    const size_t count = static_cast<size_t>(next - load->entries);
+                                    KaJsonDocument* document) {
+    const size_t count = static_cast<size_t>(next - document->entries);
     const size_t done = static_cast<size_t>(at - file.text);
-    const uint64_t more = uint64_t{load->capacity} * (file.size - done) / done;
-    return reserve(load->capacity + static_cast<size_t>(more) + 16, load) ? load->entries + count : nullptr;
+    const size_t rest = file.size - done;
+    const size_t more = static_cast<size_t>(uint64_t{count} * rest / done);
+    return reserve(count + more + rest / 32 + 16, document) ? document->entries + count : nullptr;
 }
 
-void decodeStrings(char* text, const JsonLoad& load) {
-    const KaJsonEntry* const end = load.entries + load.count;
-    for (KaJsonEntry* entry = load.entries; entry != end; ++entry) {
+void decodeStrings(char* text, const KaJsonDocument& document) {
+    const KaJsonEntry* const end = document.entries + document.count;
+    for (KaJsonEntry* entry = document.entries; entry != end; ++entry) {
         entry->name_length = decode(text + entry->name, entry->name_length);
         if (memchr(text + entry->name, 0, entry->name_length)) entry->name_length |= KaJsonEntry::kHasNul;
         if (entry->kind() == KaJsonKind::kString)
@@ -100,10 +93,10 @@ void decodeStrings(char* text, const JsonLoad& load) {
 
 // Reads the object whose opening bracket is before `at`, and with it all that is for the table. Returns the
 // first byte after it; null when it is not taken.
-const char* scanObject(const FileBuffer& file, const char* at, JsonLoad* load, bool* escapes) {
+const char* scanObject(const FileBuffer& file, const char* at, KaJsonDocument* document, bool* escapes) {
     const char* const text = file.text;
-    KaJsonEntry* next = load->entries;  // first entry that is not written yet
-    KaJsonEntry* end = next + load->capacity;
+    KaJsonEntry* next = document->entries;  // first entry that is not written yet
+    KaJsonEntry* end = next + document->capacity;
     uint32_t parents[kKeyDepth];  // by depth: the entry whose object is open there
     uint32_t depth = 1;           // open brackets
     plain_text::Joint joint;
@@ -114,8 +107,8 @@ const char* scanObject(const FileBuffer& file, const char* at, JsonLoad* load, b
     for (;;) {
         // `at` is after the opening quote of a name.
         if (next == end) {
-            if (!(next = grow(file, at, next, load))) return nullptr;
-            end = load->entries + load->capacity;
+            if (!(next = grow(file, at, next, document))) return nullptr;
+            end = document->entries + document->capacity;
         }
         const char* quote = plain_text::skipName(at);
         if (*quote != '"' && !(quote = skipString(quote, escapes))) return nullptr;
@@ -141,7 +134,7 @@ const char* scanObject(const FileBuffer& file, const char* at, JsonLoad* load, b
             next[-1].set(KaJsonKind::kString, static_cast<uint32_t>(at - value - 1));
             ++at;
         } else if (*value == '{' && depth < kKeyDepth) {
-            parents[depth++] = static_cast<uint32_t>(next - load->entries);
+            parents[depth++] = static_cast<uint32_t>(next - document->entries);
             at = skipBlanks(value + 1);
             if (*at == '"') {
                 ++at;
@@ -153,8 +146,8 @@ const char* scanObject(const FileBuffer& file, const char* at, JsonLoad* load, b
         } else {
             // Of what is left of a right text no more than half are brackets that open.
             if ((end - next) * static_cast<ptrdiff_t>(2 * sizeof *end) < text + file.size - value) {
-                if (!(next = grow(file, value, next, load))) return nullptr;
-                end = load->entries + load->capacity;
+                if (!(next = grow(file, value, next, document))) return nullptr;
+                end = document->entries + document->capacity;
             }
             if (!(at = skipValue(value, next, end))) return nullptr;
             const KaJsonKind kind = kindOf(*value);
@@ -172,10 +165,10 @@ const char* scanObject(const FileBuffer& file, const char* at, JsonLoad* load, b
         for (at = skipBlanks(at); *at == '}'; at = skipBlanks(at)) {
             ++at;
             if (--depth == 0) {
-                load->count = static_cast<uint32_t>(next - load->entries);
+                document->count = static_cast<uint32_t>(next - document->entries);
                 return at;
             }
-            KaJsonEntry* const parent = load->entries + parents[depth] - 1;
+            KaJsonEntry* const parent = document->entries + parents[depth] - 1;
             parent->set(KaJsonKind::kObject, static_cast<uint32_t>(next - parent));
         }
         if (*at != ',') return nullptr;
@@ -188,17 +181,17 @@ const char* scanObject(const FileBuffer& file, const char* at, JsonLoad* load, b
 
 }  // namespace
 
-bool loadJson(FileBuffer* file, JsonLoad* load) {
+bool loadJson(const FileBuffer& file, KaJsonDocument* document) {
     // A tuning file has some 30 bytes per key, so this one allocation will do for it.
-    if (!reserve(file->size / 24 + 16, load)) return false;
-    const char* at = skipBlanks(file->text);
+    if (!reserve(file.size / 24 + 16, document)) return false;
+    const char* at = skipBlanks(file.text);
     bool escapes = false;
-    at = *at == '{' ? scanObject(*file, at + 1, load, &escapes)
-                    : skipValue(at, load->entries, load->entries + load->capacity);
-    if (at && skipBlanks(at) == file->text + file->size) {
-        if (escapes) decodeStrings(file->text, *load);
+    at = *at == '{' ? scanObject(file, at + 1, document, &escapes)
+                    : skipValue(at, document->entries, document->entries + document->capacity);
+    if (at && skipBlanks(at) == file.text + file.size) {
+        if (escapes) decodeStrings(file.text, *document);
         return true;
     }
-    if (!load->reason) findFault(*file, load);
+    if (!document->error.reason) findFault(file, &document->error);
     return false;
 }

@@ -32,7 +32,8 @@ const KaJsonEntry* findSection(KaJsonDocument* document, const char* root, const
 
     // Loaders ask for many sections of one root.
     const char* const text = document->text;
-    if (!document->root || !isCalled(*document->root, root, text)) {
+    if (!document->root ||
+        !(isCalledAtOnce(*document->root, root, text) || isCalled(*document->root, root, text))) {
         const KaJsonEntry* const end = document->entries + document->count;
         KaJsonSiblings roots = {document->entries, end, end, true};
         document->root = findAnywhere(&roots, root, text);
@@ -54,23 +55,11 @@ KAJsonParser::~KAJsonParser() {
 int KAJsonParser::parseFile(const char* path) {
     close(&document_);
     FileBuffer file;
-    JsonLoad load;
-    KaJsonError error;
-    error.reason = readFile(path, &file, &error.system_error);
-    if (!error.reason && loadJson(&file, &load)) {
-        document_.text = file.text;
-        document_.entries = load.entries;
-        document_.count = load.count;
-        return 1;
-    }
-    if (load.located) {
-        const KaTextPosition position = ka_text_position(file.text, load.offset);
-        error.line = position.line;
-        error.column = position.column;
-    }
-    if (!error.reason) error.reason = load.reason;
-    free(load.entries);
-    free(file.text);
+    document_.error.reason = readFile(path, &file, &document_.error.system_error);
+    document_.text = file.text;
+    if (!document_.error.reason && loadJson(file, &document_)) return 1;
+    const KaJsonError error = document_.error;
+    close(&document_);
     report(document_.error = error, path);
     return 0;
 }

@@ -80,14 +80,14 @@ const char* reasonOf(rj::ParseErrorCode code, const char* text, bool at_end) {
 
 }  // namespace
 
-void findFault(const FileBuffer& file, JsonLoad* load) {
+void findFault(const FileBuffer& file, KaJsonError* error) {
     // What the reader keeps of a text: its open brackets, and one string or number.
     size_t size = file.size + 64;
     for (uint32_t i = 0; i < file.size; ++i) {
         if (file.text[i] == '[' || file.text[i] == '{') size += 8;
     }
     ReaderMemory memory = {malloc(size + file.size + kFilePadding)};
-    load->reason = kOutOfMemory;
+    error->reason = kOutOfMemory;
     if (!memory.block) return;
     char* const copy = static_cast<char*>(memory.block) + size;
     memcpy(copy, file.text, file.size + kFilePadding);
@@ -105,9 +105,10 @@ void findFault(const FileBuffer& file, JsonLoad* load) {
         code = rj::kParseErrorStringUnicodeSurrogateInvalid;
         stop = half;
     }
-    load->located = true;
-    load->offset = static_cast<uint32_t>(stop - file.text);
-    load->reason = memcmp(file.text, "\xEF\xBB\xBF", 3) == 0
-                       ? "a byte order mark: save the file as UTF-8 without one"
-                       : reasonOf(code, stop, stop == file.text + file.size);
+    const KaTextPosition position = ka_text_position(file.text, static_cast<size_t>(stop - file.text));
+    error->line = position.line;
+    error->column = position.column;
+    error->reason = memcmp(file.text, "\xEF\xBB\xBF", 3) == 0
+                        ? "a byte order mark: save the file as UTF-8 without one"
+                        : reasonOf(code, stop, stop == file.text + file.size);
 }

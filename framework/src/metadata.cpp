@@ -7,27 +7,25 @@
 
 namespace {
 
-// What most numbers are: up to eight digits, or up to seven and a point, no exponent. The digits and the
-// power of ten are exact floats then, so that their quotient is the nearest float. False for any other
-// number.
-bool shortNumber(const char* at, const char* end, float* out) {
-    static constexpr float kPowers[] = {1.0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
-    const bool negative = *at == '-';
-    if (negative) ++at;
+// The digits of what most numbers are: up to eight of them, or seven and a point, no exponent; and how many come
+// after the point. False for any other number.
+[[gnu::always_inline]] inline bool shortNumber(const char* at, const char* end, int* digits,
+                                               ptrdiff_t* places) {
+    if (*at == '-') ++at;
     if (end - at > 8) return false;
     const char* fraction = end;
-    int digits = 0;
+    int value = 0;
     for (; at != end; ++at) {
         const int digit = *at - '0';
         if (digit > 9) return false;
         if (digit >= 0) {
-            digits = digits * 10 + digit;
+            value = value * 10 + digit;
         } else {
             fraction = at + 1;
         }
     }
-    const float magnitude = static_cast<float>(digits) / kPowers[end - fraction];
-    *out = negative ? -magnitude : magnitude;
+    *digits = value;
+    *places = end - fraction;
     return true;
 }
 
@@ -46,6 +44,12 @@ bool KaMetaData::findInt32(const char* key, int* out) const {
     const char* const begin = section_.text + entry->value;
     const char* const end = begin + entry->extent();
     int value;
+    ptrdiff_t places;
+    if (shortNumber(begin, end, &value, &places)) {
+        if (places != 0) return false;
+        *out = *begin == '-' ? -value : value;
+        return true;
+    }
     const std::from_chars_result result = std::from_chars(begin, end, value);
     if (result.ec != std::errc{} || result.ptr != end) return false;
     *out = value;
@@ -57,7 +61,16 @@ bool KaMetaData::findFloat(const char* key, float* out) const {
     if (!entry) return false;
     const char* const begin = section_.text + entry->value;
     const char* const end = begin + entry->extent();
-    if (!shortNumber(begin, end, out)) *out = nearestNumber(begin, end);
+    int digits;
+    ptrdiff_t places;
+    if (shortNumber(begin, end, &digits, &places)) {
+        // Digits and power of ten are exact floats, so that their quotient is the nearest float.
+        static constexpr float kPowers[] = {1.0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
+        const float magnitude = static_cast<float>(digits) / kPowers[places];
+        *out = *begin == '-' ? -magnitude : magnitude;
+    } else {
+        *out = nearestNumber(begin, end);
+    }
     return true;
 }
 

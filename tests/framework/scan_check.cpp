@@ -91,15 +91,15 @@ struct Loaded {
     }
     ~Loaded() {
         std::free(file.text);
-        std::free(load.entries);
+        std::free(document.entries);
     }
     Loaded(const Loaded&) = delete;
     Loaded& operator=(const Loaded&) = delete;
 
     std::vector<Entry> entries() const {
         std::vector<Entry> all;
-        for (uint32_t i = 0; i < load.count; ++i) {
-            const KaJsonEntry& entry = load.entries[i];
+        for (uint32_t i = 0; i < document.count; ++i) {
+            const KaJsonEntry& entry = document.entries[i];
             const bool nested = entry.kind() == KaJsonKind::kObject || entry.kind() == KaJsonKind::kArray;
             all.push_back({entry.name,
                            {file.text + entry.name, entry.nameLength()},
@@ -111,14 +111,14 @@ struct Loaded {
     }
 
     FileBuffer file;
-    JsonLoad load;
+    KaJsonDocument document;
 };
 
 }  // namespace
 
 bool loads(std::string_view text) {
     Loaded loaded(text);
-    return loadJson(&loaded.file, &loaded.load);
+    return loadJson(loaded.file, &loaded.document);
 }
 
 std::string scanDifference(std::string_view text) {
@@ -135,11 +135,12 @@ std::string scanDifference(std::string_view text) {
     const bool right = !result.IsError() && stream.Tell() == text.size() && !events.half_pair;
 
     Loaded loaded(text);
-    const bool loads = loadJson(&loaded.file, &loaded.load);
+    const bool loads = loadJson(loaded.file, &loaded.document);
     if (loads && !right && !too_big) return "loads, but is no JSON";
     if (!loads && std::memcmp(loaded.file.text, text.data(), text.size()) != 0) return "the text was changed";
-    if (!loads && (!loaded.load.reason || !loaded.load.located)) return "no reason or place";
-    if (!loads && right) return std::string("is JSON, but does not load: ") + loaded.load.reason;
+    if (!loads && (!loaded.document.error.reason || loaded.document.error.line == 0))
+        return "no reason or place";
+    if (!loads && right) return std::string("is JSON, but does not load: ") + loaded.document.error.reason;
     if (!loads || too_big) return "";
     const std::vector<Entry> found = loaded.entries();
     if (found.size() != events.entries.size()) return "entries: " + std::to_string(found.size());
