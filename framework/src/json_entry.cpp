@@ -42,12 +42,13 @@ const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, cons
     const auto is_called = [=](const KaJsonEntry* entry) {
         return entry->name_length == length && memcmp(text + entry->name, name, length) == 0;
     };
-    const KaJsonEntry* found = nullptr;
-    if (siblings->next != siblings->end && is_called(siblings->next)) {
-        found = siblings->next;
-    } else {
+    const KaJsonEntry* found = siblings->next;
+    if (found == siblings->end || !is_called(found)) {
+        found = nullptr;
         for (const KaJsonEntry* entry = siblings->begin; entry != siblings->end; entry = entry->sibling()) {
-            if (is_called(entry)) found = entry;
+            if (!is_called(entry)) continue;
+            found = entry;
+            if (!siblings->repeat) break;
         }
     }
     if (found && !siblings->repeat) siblings->next = found->sibling();

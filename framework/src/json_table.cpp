@@ -6,22 +6,23 @@ bool KAJsonTable::next(KaJsonItem* item) {
     if (index_ == parser_.document_.count) return false;
     const KaJsonEntry& entry = parser_.document_.entries[index_];
     const uint32_t end = index_ + entry.size();
-    item->level = index_ >= root_end_ ? 1 : index_ >= section_end_ ? 2 : 3;
-    if (item->level == 1) root_end_ = end;
-    if (item->level == 2) section_end_ = end;
+    const uint32_t level = index_ >= root_end_ ? 1 : index_ >= section_end_ ? 2 : 3;
+    if (level == 1) root_end_ = end;
+    if (level == 2) section_end_ = end;
     const bool has_text = entry.kind() == KaJsonKind::kString || entry.kind() == KaJsonKind::kNumber;
     char* const name = parser_.document_.text + entry.name;
     char* const value = parser_.document_.text + entry.value;
     name[entry.nameLength()] = '\0';
     if (entry.kind() == KaJsonKind::kString) value[entry.extent()] = '\0';
-    item->name = name;
-    item->name_length = entry.nameLength();
-    item->name_offset = entry.name;
-    item->kind = entry.kind();
-    item->value = has_text ? value : nullptr;
-    item->value_length = has_text ? entry.extent() : 0;
-    item->value_offset = entry.value;
-    item->index = index_++;
+    *item = {name,
+             entry.nameLength(),
+             entry.name,
+             entry.kind(),
+             has_text ? value : nullptr,
+             has_text ? entry.extent() : 0,
+             entry.value,
+             index_++,
+             level};
     return true;
 }
 

@@ -11,7 +11,9 @@ char unescaped(char letter) {
         case 'n': return '\n';
         case 'r': return '\r';
         case 't': return '\t';
-        case '"': case '\\': case '/': return letter;
+        case '"': return '"';
+        case '/': return '/';
+        case '\\': return '\\';
         default: return '\0';
     }
     // clang-format on
@@ -28,12 +30,17 @@ bool isTail(unsigned char byte) {
     return (byte & 0xC0) == 0x80;
 }
 
-// The first ASCII byte from `at` on; null when the bytes before it are not UTF-8 (RFC 3629).
+// An ASCII byte from `at` on, at which there is no more to gain here; null when the bytes before it are not UTF-8 (RFC 3629).
 const char* skipUtf8(const char* text) {
     const auto* at = reinterpret_cast<const unsigned char*>(text);
     for (;;) {
         const unsigned lead = at[0];
-        if (lead < 0x80) return reinterpret_cast<const char*>(at);
+        if (lead < 0x80) {
+            if (lead < ' ' || lead == '"' || lead == '\\' || at[1] < 0x80)
+                return reinterpret_cast<const char*>(at);
+            ++at;  // a single character between others that are not ASCII
+            continue;
+        }
         // No character is written longer than need be, none is half a pair or beyond U+10FFFF.
         if (lead < 0xE0) {
             if (lead < 0xC2 || !isTail(at[1])) return nullptr;
@@ -51,16 +58,20 @@ const char* skipUtf8(const char* text) {
     }
 }
 
-// The code unit of four hexadecimal digits, or something beyond 16 bits.
-uint32_t codeUnit(const char* at) {
-    uint32_t unit = 0;
-    for (int i = 0; i < 4; ++i) {
-        const auto digit = static_cast<unsigned char>(at[i] - '0');
-        const auto letter = static_cast<unsigned char>((at[i] | 0x20) - 'a');
-        if (digit > 9 && letter > 5) return UINT32_MAX;
-        unit = unit << 4 | (digit > 9 ? letter + 10U : digit);
-    }
-    return unit;
+bool areHexDigits(const char* at) {
+    const char* const end = at + 4;
+    while (at != end && (plain_text::isDigit(*at) || static_cast<unsigned char>((*at | 0x20) - 'a') < 6))
+        ++at;
+    return at == end;
+}
+
+// The code unit of four hexadecimal digits, all at once.
+uint32_t codeUnit(const char* text) {
+    const auto* const at = reinterpret_cast<const unsigned char*>(text);
+    uint32_t unit = uint32_t{at[0]} << 24 | uint32_t{at[1]} << 16 | uint32_t{at[2]} << 8 | at[3];
+    unit = (unit & 0x0F0F0F0F) + 9 * (unit >> 6 & 0x01010101);
+    unit = (unit | unit >> 4) & 0x00FF00FF;
+    return (unit | unit >> 8) & 0xFFFF;
 }
 
 char* putUtf8(char* to, uint32_t code) {
@@ -79,7 +90,7 @@ const char* skipString(const char* at, bool* escapes) {
         if (*at == '"') return at;
         if (*at == '\\') {
             *escapes = true;
-            at = skipEscape(at);
+            while (at && *at == '\\') at = skipEscape(at);
         } else {
             at = static_cast<unsigned char>(*at) < 0x80 ? nullptr : skipUtf8(at);
         }
@@ -89,10 +100,10 @@ const char* skipString(const char* at, bool* escapes) {
 
 const char* skipEscape(const char* at) {
     if (at[1] != 'u') return unescaped(at[1]) != '\0' ? at + 2 : nullptr;
-    const uint32_t unit = codeUnit(at + 2);
-    if (unit > 0xFFFF || isSecondHalf(unit)) return nullptr;
-    if (!isFirstHalf(unit)) return at + 6;
-    return at[6] == '\\' && at[7] == 'u' && isSecondHalf(codeUnit(at + 8)) ? at + 12 : nullptr;
+    if (!areHexDigits(at + 2) || isSecondHalf(codeUnit(at + 2))) return nullptr;
+    if (!isFirstHalf(codeUnit(at + 2))) return at + 6;
+    const bool pair = at[6] == '\\' && at[7] == 'u' && areHexDigits(at + 8) && isSecondHalf(codeUnit(at + 8));
+    return pair ? at + 12 : nullptr;
 }
 
 const char* skipNumber(const char* at) {

@@ -142,49 +142,35 @@ private:
 // The same, a word at a time.
 
 constexpr size_t kOnes = ~size_t{0} / 0xFF;  // times a byte: that byte all over a word
-constexpr bool kLittleEndian = __BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__;
 
 static_assert(sizeof(size_t) <= kFilePadding);
 
+// The first byte lowest.
 inline size_t load(const char* text) {
     size_t word;
     memcpy(&word, text, sizeof word);
-    return word;
+    if (__BYTE_ORDER__ == __ORDER_LITTLE_ENDIAN__) return word;
+    return static_cast<size_t>(__builtin_bswap64(word) >> (64 - 8 * sizeof word));
 }
 
-// Number of bytes, in memory order, before the first one that is not zero; `word` itself is not zero.
+// Number of bytes before the first one that is not zero; `word` itself is not zero.
 inline size_t zeroBytesBefore(size_t word) {
-    return static_cast<size_t>(kLittleEndian ? __builtin_ctzl(word) : __builtin_clzl(word)) / 8;
-}
-
-// Zero when all bytes of a word are plain, otherwise the high bits of those that are not, and perhaps of more
-// significant ones: a borrow of one byte reaches into the next.
-inline size_t special(size_t word) {
-    const size_t below_blank = word - kOnes * ' ';
-    const size_t quote = (word ^ kOnes * '"') - kOnes;
-    const size_t backslash = (word ^ kOnes * '\\') - kOnes;
-    return (word | below_blank | quote | backslash) & kOnes * 0x80;
-}
-
-inline bool isPlain(char c) {
-    return c >= ' ' && c != '"' && c != '\\' && static_cast<unsigned char>(c) < 0x80;
+    return static_cast<size_t>(__builtin_ctzl(word)) / 8;
 }
 
 inline const char* skipPlain(const char* text) {
-    size_t found;
-    while ((found = special(load(text))) == 0) text += sizeof found;
-    if (kLittleEndian) return text + zeroBytesBefore(found);
-    while (isPlain(*text)) ++text;
-    return text;
+    for (;; text += sizeof(size_t)) {
+        const size_t word = load(text);
+        // The high bits of the bytes that are not plain, and perhaps of higher ones: a borrow reaches into the next.
+        const size_t below_blank = word - kOnes * ' ';
+        const size_t quote = (word ^ kOnes * '"') - kOnes;
+        const size_t backslash = (word ^ kOnes * '\\') - kOnes;
+        const size_t found = (word | below_blank | quote | backslash) & kOnes * 0x80;
+        if (found != 0) return text + zeroBytesBefore(found);
+    }
 }
-
-inline const char* skipName(const char* text) {
-    return skipPlain(text);
-}
-
-inline const char* skipShortNumber(const char* text) {
-    return skipNumber(text);
-}
+constexpr auto skipName = skipPlain;
+constexpr auto skipShortNumber = skipNumber;
 
 inline const char* skipBlankRun(const char* text) {
     while (*text == ' ' || *text == '\n' || *text == '\r' || *text == '\t') {

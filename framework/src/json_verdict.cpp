@@ -25,30 +25,19 @@ struct ReaderMemory {
 };
 
 // To the library a number that no double can hold is an error; JSON sets no limit. Leaves of each number its
-// first digit, in the same place, so that all else keeps its place too.
-void shortenNumbers(char* text) {
-    bool escapes;
-    for (const char* at = text; *at != '\0'; ++at) {
-        if (*at == '"') {
-            at = skipString(at + 1, &escapes);
-        } else if (plain_text::isDigit(*at)) {
-            const char* const end = skipNumber(at);
-            if (end) memset(text + (at + 1 - text), ' ', static_cast<size_t>(end - at - 1));
-            at = end ? end - 1 : nullptr;
+// first digit, in the same place, so that all else keeps its place too. Returns the first escape that is not right,
+// or the end: older states of the library go past half a surrogate pair.
+const char* shortenNumbers(char* text) {
+    while (*text != '\0') {
+        const char* end = *text == '\\' ? skipEscape(text) : text + 1;
+        if (!end) break;
+        if (plain_text::isDigit(*text) && skipNumber(text)) {
+            end = skipNumber(text);
+            memset(text + 1, ' ', static_cast<size_t>(end - text - 1));
         }
-        if (!at) return;  // the library comes no further
+        text += end - text;
     }
-}
-
-// The first escape before `end` that is the second half of a surrogate pair without the first, which older
-// states of the library go past; null when there is none.
-const char* loneSecondHalf(const char* text, const char* end) {
-    while ((text = static_cast<const char*>(memchr(text, '\\', static_cast<size_t>(end - text))))) {
-        const char* const next = skipEscape(text);
-        if (!next) return text;
-        text = next;
-    }
-    return nullptr;
+    return text;
 }
 
 // Why the library stopped at `text`, which it takes for the end of the document when that is a NUL.
@@ -91,7 +80,7 @@ void findFault(const FileBuffer& file, KaJsonError* error) {
     if (!memory.block) return;
     char* const copy = static_cast<char*>(memory.block) + size;
     memcpy(copy, file.text, file.size + kFilePadding);
-    shortenNumbers(copy);
+    const auto wrong_escape = static_cast<size_t>(shortenNumbers(copy) - copy);
 
     constexpr unsigned kFlags =
         rj::kParseIterativeFlag | rj::kParseValidateEncodingFlag | rj::kParseNumbersAsStringsFlag;
@@ -99,16 +88,16 @@ void findFault(const FileBuffer& file, KaJsonError* error) {
     rj::GenericReader<rj::UTF8<>, rj::UTF8<>, ReaderMemory> reader(&memory, size);
     rj::BaseReaderHandler<> nothing;
     rj::ParseErrorCode code = reader.Parse<kFlags>(stream, nothing).Code();
-    const char* stop = file.text + (reader.HasParseError() ? reader.GetErrorOffset() : stream.Tell());
+    size_t stop = reader.HasParseError() ? reader.GetErrorOffset() : stream.Tell();
     free(memory.block);
-    if (const char* const half = loneSecondHalf(file.text, stop)) {
+    if (wrong_escape < stop) {
         code = rj::kParseErrorStringUnicodeSurrogateInvalid;
-        stop = half;
+        stop = wrong_escape;
     }
-    const KaTextPosition position = ka_text_position(file.text, static_cast<size_t>(stop - file.text));
+    const KaTextPosition position = ka_text_position(file.text, stop);
     error->line = position.line;
     error->column = position.column;
     error->reason = memcmp(file.text, "\xEF\xBB\xBF", 3) == 0
                         ? "a byte order mark: save the file as UTF-8 without one"
-                        : reasonOf(code, stop, stop == file.text + file.size);
+                        : reasonOf(code, file.text + stop, stop == file.size);
 }

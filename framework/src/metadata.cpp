@@ -29,56 +29,57 @@ namespace {
     return true;
 }
 
-[[gnu::always_inline]] inline const KaJsonEntry* find(KaJsonSection* section, const char* key,
-                                                      KaJsonKind kind) {
+// The text of the value, where it is of that kind; null otherwise.
+[[gnu::always_inline]] inline char* find(KaJsonSection* section, const char* key, KaJsonKind kind,
+                                         uint32_t* length) {
     if (!key) return nullptr;
     const KaJsonEntry* const entry = findSibling<true>(&section->keys, key, section->text);
-    return entry && entry->kind() == kind ? entry : nullptr;
+    if (!entry || entry->kind() != kind) return nullptr;
+    *length = entry->extent();
+    return section->text + entry->value;
 }
 
 }  // namespace
 
 bool KaMetaData::findInt32(const char* key, int* out) const {
-    const KaJsonEntry* const entry = find(&section_, key, KaJsonKind::kNumber);
-    if (!entry) return false;
-    const char* const begin = section_.text + entry->value;
-    const char* const end = begin + entry->extent();
+    uint32_t length;
+    const char* const text = find(&section_, key, KaJsonKind::kNumber, &length);
+    if (!text) return false;
     int value;
     ptrdiff_t places;
-    if (shortNumber(begin, end, &value, &places)) {
+    if (shortNumber(text, text + length, &value, &places)) {
         if (places != 0) return false;
-        *out = *begin == '-' ? -value : value;
+        *out = *text == '-' ? -value : value;
         return true;
     }
-    const std::from_chars_result result = std::from_chars(begin, end, value);
-    if (result.ec != std::errc{} || result.ptr != end) return false;
+    const std::from_chars_result result = std::from_chars(text, text + length, value);
+    if (result.ec != std::errc{} || result.ptr != text + length) return false;
     *out = value;
     return true;
 }
 
 bool KaMetaData::findFloat(const char* key, float* out) const {
-    const KaJsonEntry* const entry = find(&section_, key, KaJsonKind::kNumber);
-    if (!entry) return false;
-    const char* const begin = section_.text + entry->value;
-    const char* const end = begin + entry->extent();
+    uint32_t length;
+    const char* const text = find(&section_, key, KaJsonKind::kNumber, &length);
+    if (!text) return false;
     int digits;
     ptrdiff_t places;
-    if (shortNumber(begin, end, &digits, &places)) {
+    if (shortNumber(text, text + length, &digits, &places)) {
         // Digits and power of ten are exact floats, so that their quotient is the nearest float.
         static constexpr float kPowers[] = {1.0F, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F};
         const float magnitude = static_cast<float>(digits) / kPowers[places];
-        *out = *begin == '-' ? -magnitude : magnitude;
+        *out = *text == '-' ? -magnitude : magnitude;
     } else {
-        *out = nearestNumber(begin, end);
+        *out = nearestNumber(text, text + length);
     }
     return true;
 }
 
 bool KaMetaData::findCString(const char* key, const char** out) const {
-    const KaJsonEntry* entry = find(&section_, key, KaJsonKind::kString);
-    if (!entry) return false;
-    char* const text = section_.text + entry->value;
-    text[entry->extent()] = '\0';
+    uint32_t length;
+    char* const text = find(&section_, key, KaJsonKind::kString, &length);
+    if (!text) return false;
+    text[length] = '\0';
     *out = text;
     return true;
 }
