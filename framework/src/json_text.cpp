@@ -30,31 +30,23 @@ bool isTail(unsigned char byte) {
     return (byte & 0xC0) == 0x80;
 }
 
-// An ASCII byte from `at` on, at which there is no more to gain here; null when the bytes before it are not UTF-8 (RFC 3629).
+// An ASCII byte after the characters at `text`; null when they are not UTF-8 (RFC 3629).
 const char* skipUtf8(const char* text) {
     const auto* at = reinterpret_cast<const unsigned char*>(text);
     for (;;) {
         const unsigned lead = at[0];
         if (lead < 0x80) {
-            if (lead < ' ' || lead == '"' || lead == '\\' || at[1] < 0x80)
-                return reinterpret_cast<const char*>(at);
-            ++at;  // a single character between others that are not ASCII
+            const bool plain = lead >= ' ' && lead != '"' && lead != '\\';
+            if (!plain || at[1] < 0x80) return reinterpret_cast<const char*>(at);
+            ++at;  // a single one between others that are not ASCII
             continue;
         }
         // No character is written longer than need be, none is half a pair or beyond U+10FFFF.
-        if (lead < 0xE0) {
-            if (lead < 0xC2 || !isTail(at[1])) return nullptr;
-            at += 2;
-        } else if (lead < 0xF0) {
-            const unsigned code = (lead & 0x0F) << 6 | (at[1] & 0x3FU);
-            if (!isTail(at[1]) || !isTail(at[2]) || code < 0x20 || code >> 5 == 0x1B) return nullptr;
-            at += 3;
-        } else {
-            const unsigned code = (lead & 0x0F) << 6 | (at[1] & 0x3FU);
-            if (!isTail(at[1]) || !isTail(at[2]) || !isTail(at[3]) || code < 0x10 || code > 0x10F)
-                return nullptr;
-            at += 4;
-        }
+        const unsigned begin = lead << 8 | at[1];
+        if (begin < 0xC280 || begin >> 5 == 0xEDA0 >> 5 || begin > 0xF48F || !isTail(at[1])) return nullptr;
+        if (lead >= 0xE0 && (begin < 0xE0A0 || !isTail(at[2]))) return nullptr;
+        if (lead >= 0xF0 && (begin < 0xF090 || !isTail(at[3]))) return nullptr;
+        at += lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     }
 }
 

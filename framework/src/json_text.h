@@ -34,23 +34,23 @@ inline bool isDigit(char c) {
 
 #ifdef __SSE2__
 
-static_assert(sizeof(__m128i) <= kFilePadding);
+using Bytes = signed char __attribute__((vector_size(16)));
+static_assert(sizeof(Bytes) <= kFilePadding);
 
-inline __m128i load(const char* text) {
-    return _mm_loadu_si128(reinterpret_cast<const __m128i*>(text));
-}
-inline __m128i equal(__m128i bytes, char c) {
-    return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c));
+inline Bytes load(const char* text) {
+    Bytes bytes;
+    memcpy(&bytes, text, sizeof bytes);
+    return bytes;
 }
 // The empty statement keeps the compiler from comparing the other way round and inverting the result.
-inline __m128i below(__m128i bytes, char c) {
-    __m128i limit = _mm_set1_epi8(c);
+inline Bytes below(Bytes bytes, signed char c) {
+    Bytes limit = Bytes{} + c;
     __asm__("" : "+x"(limit));
-    return _mm_cmpgt_epi8(limit, bytes);
+    return bytes < limit;
 }
 // A bit for each byte, the first one lowest.
-inline unsigned maskOf(__m128i bytes) {
-    return static_cast<unsigned>(_mm_movemask_epi8(bytes));
+inline unsigned maskOf(Bytes bytes) {
+    return static_cast<unsigned>(_mm_movemask_epi8(reinterpret_cast<__m128i>(bytes)));
 }
 inline size_t zerosBelow(unsigned mask) {
     return static_cast<size_t>(__builtin_ctz(mask));
@@ -73,18 +73,17 @@ inline const char* stepOver(const char* text, size_t size) {
 // The first byte from `text` on that no name in a tuning file has, at most 16 further on; the closing quote
 // if the name is short.
 inline const char* skipName(const char* text) {
-    const __m128i bytes = load(text);
-    const unsigned found =
-        maskOf(_mm_or_si128(below(bytes, '"' + 1), equal(bytes, '\\')));  // and beyond ASCII
+    const Bytes bytes = load(text);
+    const unsigned found = maskOf(below(bytes, '"' + 1) | (bytes == '\\'));  // and beyond ASCII
     return stepOver(text, zerosBelow(found | 0x10000));
 }
 
 // The first byte from `text` on that is not plain: quote, backslash, control character or beyond ASCII.
 inline const char* skipPlain(const char* text) {
-    for (;; text += sizeof(__m128i)) {
-        const __m128i bytes = load(text);
-        const __m128i special = _mm_or_si128(equal(bytes, '"'), equal(bytes, '\\'));
-        const unsigned found = maskOf(_mm_or_si128(below(bytes, ' '), special));  // and beyond ASCII
+    for (;; text += sizeof(Bytes)) {
+        const Bytes bytes = load(text);
+        const unsigned found =
+            maskOf(below(bytes, ' ') | (bytes == '"') | (bytes == '\\'));  // and beyond ASCII
         if (found != 0) return text + zerosBelow(found);
     }
 }
@@ -96,8 +95,7 @@ inline const char* skipShortNumber(const char* text) {
         ++text;
         __asm__("" : "+r"(text));  // as in stepOver
     }
-    const __m128i from_zero = _mm_sub_epi8(load(text), _mm_set1_epi8(static_cast<char>('0' - 128)));
-    const unsigned others = ~maskOf(below(from_zero, 10 - 128));
+    const unsigned others = ~maskOf(below(load(text) - static_cast<signed char>('0' - 128), 10 - 128));
     const size_t whole = zerosBelow(others);
     if (whole == 0 || (*text == '0' && whole != 1)) return nullptr;
     if (text[whole] != '.') return stepOver(text, whole);
@@ -107,10 +105,9 @@ inline const char* skipShortNumber(const char* text) {
 
 inline const char* skipBlankRun(const char* text) {
     do {
-        const __m128i bytes = load(text);
-        const __m128i line = _mm_or_si128(equal(bytes, '\n'), equal(bytes, '\r'));
-        const __m128i blank = _mm_or_si128(equal(bytes, ' '), equal(bytes, '\t'));
-        const size_t size = zerosBelow(~maskOf(_mm_or_si128(line, blank)));
+        const Bytes bytes = load(text);
+        const size_t size =
+            zerosBelow(~maskOf((bytes == ' ') | (bytes == '\n') | (bytes == '\r') | (bytes == '\t')));
         if (size == 0) break;
         text = stepOver(text, size);
     } while (static_cast<unsigned char>(*text) <= ' ');
@@ -121,7 +118,7 @@ inline const char* skipBlankRun(const char* text) {
 // line break, blanks and a quote.
 class Joint {
 public:
-    bool isAt(const char* at) const { return (maskOf(_mm_cmpeq_epi8(load(at), bytes_)) & mask_) == mask_; }
+    bool isAt(const char* at) const { return (maskOf(load(at) == bytes_) & mask_) == mask_; }
     size_t size() const { return size_; }
     void learn(const char* at, const char* end) {
         const auto size = static_cast<size_t>(end - at);
@@ -132,7 +129,7 @@ public:
     }
 
 private:
-    __m128i bytes_ = _mm_setzero_si128();
+    Bytes bytes_ = {};
     unsigned mask_ = 1;  // a NUL to begin with, at which no key follows
     size_t size_ = 0;
 };
