@@ -48,7 +48,7 @@ __attribute__((no_sanitize("address"))) inline bool isCalledAtOnce(const KaJsonE
                                                                    const char* text) {
 #ifdef __SSE2__
     constexpr uintptr_t kPage = 4096;
-    if (entry.name_length >= 16 || (reinterpret_cast<uintptr_t>(name) & (kPage - 1)) > kPage - 16)
+    if (entry.name_length > 16 || (reinterpret_cast<uintptr_t>(name) & (kPage - 1)) > kPage - 16)
         return false;
     const __m128i same = _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(text + entry.name)),
                                         _mm_loadu_si128(reinterpret_cast<const __m128i*>(name)));

@@ -75,6 +75,7 @@ INSTANTIATE_TEST_SUITE_P(, Malformed, testing::Values(
     Row{"SecondDocument", "{}\n{}", 2, 1, "text after the end of the document"},
     Row{"SecondScalar", "1 2", 1, 3, "text after the end of the document"},
     Row{"BracketTooMany", "{}}", 1, 3, "text after the end of the document"},
+    Row{"AfterNumbersBeyondADouble", "{\"a1e999\\u1e99\": [-1e400, 1.5E999], \"b\" 1}", 1, 41, "missing a ':' after a key"},
     Row{"OnlyClosing", "]", 1, 1, kValue},
     Row{"OnlyComma", ",", 1, 1, kValue},
     Row{"ByteOrderMark", "\xEF\xBB\xBF{}", 1, 1, kMark},

@@ -56,7 +56,8 @@ INSTANTIATE_TEST_SUITE_P(NoInteger, Number,
 
 INSTANTIATE_TEST_SUITE_P(
     Halfway, Number,
-    testing::Values(Row{"16777216", 0x1p24f, 16777216}, Row{"16777217", 0x1p24f, 16777217},
+    testing::Values(Row{"3130.4407", 0x1.874e1ap+11f}, Row{"-7141.9652", -0x1.be5f72p+12f},
+                    Row{"16777216", 0x1p24f, 16777216}, Row{"16777217", 0x1p24f, 16777217},
                     Row{"16777218", 0x1.000002p24f, 16777218}, Row{"16777219", 0x1.000004p24f, 16777219},
                     Row{"1.000000059604644775390625", 1}, Row{"1.000000059604644775390624999999999999", 1},
                     // A double would take this for the half.

@@ -26,6 +26,17 @@ TEST(Repeated, KeyCountsWhereItIsLast) {
     }
 }
 
+// Whatever stands before it.
+TEST(Repeated, KeyOfEachLength) {
+    for (size_t length = 0; length <= 20; ++length) {
+        const std::string key(length, 'x');
+        Section section(" \"" + key + "\": 1,\"" + key + "\": 2,\n\"y\": 0");
+        int value = -1;
+        EXPECT_TRUE(section.keys.findInt32(key.c_str(), &value));
+        EXPECT_EQ(2, value);
+    }
+}
+
 TEST(Repeated, KeyIsMissingWhenTheLastOneHasTheWrongType) {
     Document document(R"({"r": {"s": {"k": 1, "k": "1"}}})");
     EXPECT_EQ(-1, valueOf(document));

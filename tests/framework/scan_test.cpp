@@ -153,6 +153,7 @@ INSTANTIATE_TEST_SUITE_P(, Taken, testing::Values(
     Row{"OnlyNumber", " -1.5e3 "},
     Row{"EmptyKeys", R"({"":{"":{"":0,"":"","":null}}})"},
     Row{"WideIndent", "{\n" + std::string(40, ' ') + "\"a\": 1,\n" + std::string(40, ' ') + "\"b\": 2}"},
+    Row{"WideIndentOfKeys", section("\"a\": 1,\n" + std::string(31, ' ') + "\"b\": 2,\n\"c\": 3, \"d\": 4")},
     Row{"Deep", section("\"a\": " + repeat("[", 1000) + repeat("]", 1000) + ", \"b\": 1")},
     Row{"MoreKeysThanForeseen", section(repeat("\"\":0,", 1000) + "\"a\":1")}),
     [](const auto& row) { return std::string(row.param.name); });

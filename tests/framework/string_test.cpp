@@ -1,5 +1,9 @@
 // Texts of keys and values: escapes, UTF-8.
 #include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cstring>
 
 #include "scratch.h"
 
@@ -23,6 +27,27 @@ TEST_P(String, IsDecodedAsValueAndAsKey) {
     EXPECT_EQ(7, number);
     EXPECT_TRUE(section.keys.findCString("after", &text));
     EXPECT_STREQ("x", text);
+}
+
+// The names that a caller asks for end where their memory ends.
+TEST(Names, AreReadToTheirEndOnly) {
+    const auto page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    void* const memory = mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(MAP_FAILED, memory);
+    ASSERT_EQ(0, mprotect(static_cast<char*>(memory) + page, page, PROT_NONE));
+    for (size_t length = 0; length < 40; ++length) {
+        const std::string name(length, 'n');
+        char* const last = static_cast<char*>(memory) + page - length - 1;
+        std::memcpy(last, name.c_str(), length + 1);
+        Document document("{\"" + name + "\": {\"" + name + "\": {\"" + name + "\": 7}}}");
+        KaMetaData keys;
+        EXPECT_NE(0, document.parser.getOptions(last, last, &keys));
+        EXPECT_NE(0, document.parser.getOptions(last, last, &keys));
+        int value = 0;
+        EXPECT_TRUE(keys.findInt32(last, &value));
+        EXPECT_EQ(7, value);
+    }
+    munmap(memory, 2 * page);
 }
 
 INSTANTIATE_TEST_SUITE_P(
