@@ -1,4 +1,4 @@
-// Any bytes as a text: the quick scanner against the JSON library, in what they accept and in the table that
+// Any bytes as a text: the scanner against the JSON library, in what they accept and in the table that
 // they make.
 #include <cstdint>
 

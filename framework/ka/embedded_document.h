@@ -1,4 +1,4 @@
-// The private parts of the embedded framework's KaMetaData and KAJsonParser; not for users, but for KaJsonError.
+// The private parts of the embedded framework's KaMetaData and KAJsonParser: not for users, but KaJsonError.
 #pragma once
 
 #include <cstdint>

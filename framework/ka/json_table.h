@@ -30,7 +30,7 @@ public:
     // The next one; false, and *item left alone, when there is none.
     bool next(KaJsonItem* item);
 
-    const KaJsonError& error() const { return parser_.document_.error; }
+    KaJsonError error() const;
 
 private:
     const KAJsonParser& parser_;

@@ -32,7 +32,7 @@ struct KaJsonEntry {
 static_assert(sizeof(KaJsonEntry) == 16, "the table is most of what a document takes besides its text");
 
 // Looking entries up by name. Of several equal names the last one counts, so siblings are searched from where
-// the last search ended only when no two of them are equal. kKeys: below a section, where each takes one entry.
+// the last search ended only when no two of them are equal. kKeys: below a section, one entry each.
 template <bool kKeys>
 KaJsonSiblings siblingsBelow(const KaJsonEntry& parent, const char* text);
 
@@ -42,8 +42,8 @@ bool isCalled(const KaJsonEntry& entry, const char* name, const char* text);
 const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text);
 
 // As isCalled, or false where that takes more than one comparison of a vector register. Nobody knows how long
-// `name` is: the read may go beyond its end, but stays within its page, and so never fails; what it reads there
-// counts for nothing.
+// `name` is: the read may go beyond its end, but stays within its page, and so never fails; what it reads
+// there counts for nothing.
 __attribute__((no_sanitize("address"))) inline bool isCalledAtOnce(const KaJsonEntry& entry, const char* name,
                                                                    const char* text) {
 #ifdef __SSE2__

@@ -70,8 +70,8 @@ bool reserve(size_t capacity, KaJsonDocument* document) {
     return true;
 }
 
-// Room for as many entries as the file will have if it goes on as up to `at`, and for the brackets that may still
-// open, a byte each. Returns where `next` is now; null when there is no memory.
+// Room for as many entries as the file will have if it goes on as up to `at`, and for the brackets that may
+// still open, a byte each. Returns where `next` is now; null when there is no memory.
 [[gnu::noinline]] KaJsonEntry* grow(const FileBuffer& file, const char* at, const KaJsonEntry* next,
                                     KaJsonDocument* document) {
     const size_t count = static_cast<size_t>(next - document->entries);

@@ -26,6 +26,10 @@ bool KAJsonTable::next(KaJsonItem* item) {
     return true;
 }
 
+KaJsonError KAJsonTable::error() const {
+    return parser_.document_.error;
+}
+
 KaTextPosition ka_text_position(const char* text, size_t offset) {
     KaTextPosition position = {1, 1};
     for (size_t i = 0; i < offset; ++i) {

@@ -158,7 +158,7 @@ inline size_t zeroBytesBefore(size_t word) {
 inline const char* skipPlain(const char* text) {
     for (;; text += sizeof(size_t)) {
         const size_t word = load(text);
-        // The high bits of the bytes that are not plain, and perhaps of higher ones: a borrow reaches into the next.
+        // High bits of the bytes that are not plain, and perhaps of higher ones, into which a borrow reaches.
         const size_t below_blank = word - kOnes * ' ';
         const size_t quote = (word ^ kOnes * '"') - kOnes;
         const size_t backslash = (word ^ kOnes * '\\') - kOnes;

@@ -12,12 +12,11 @@ namespace rj = ka_rapidjson;
 
 namespace {
 
-// The memory that the reader works in: one block, large enough, since the reader does not expect to be refused
-// more.
+// What the reader works in: one block, large enough, since it does not expect to be refused more.
 struct ReaderMemory {
     void* block;
 
-    void* Realloc(void*, size_t, size_t) { return block; }
+    void* Realloc(void*, size_t, size_t) const { return block; }
     static void Free(void*) {}
     // The reader makes one itself where it is given none. Never here, so no test can reach these.
     static void* operator new(size_t) noexcept { return nullptr; }  // GCOVR_EXCL_LINE
@@ -25,8 +24,8 @@ struct ReaderMemory {
 };
 
 // To the library a number that no double can hold is an error; JSON sets no limit. Leaves of each number its
-// first digit, in the same place, so that all else keeps its place too. Returns the first escape that is not right,
-// or the end: older states of the library go past half a surrogate pair.
+// first digit, in the same place, so that all else keeps its place too. Returns the first escape that is not
+// right, or the end: older states of the library go past half a surrogate pair.
 const char* shortenNumbers(char* text) {
     while (*text != '\0') {
         const char* end = *text == '\\' ? skipEscape(text) : text + 1;

@@ -7,8 +7,8 @@
 
 namespace {
 
-// The digits of what most numbers are: up to eight of them, or seven and a point, no exponent; and how many come
-// after the point. False for any other number.
+// The digits of what most numbers are: up to eight of them, or seven and a point, no exponent; and how many
+// come after the point. False for any other number.
 [[gnu::always_inline]] inline bool shortNumber(const char* at, const char* end, int* digits,
                                                ptrdiff_t* places) {
     if (*at == '-') ++at;

@@ -169,8 +169,7 @@ TEST(TakenFiles, AreAllTunings) {
     }
 }
 
-// The brackets that are open are kept in what is left of the table's memory, which depends on the number of keys
-// before.
+// Open brackets are kept in what is left of the table's memory, which depends on the number of keys before.
 TEST(TakenTexts, DeepAfterManyKeys) {
     for (size_t keys = 0; keys < 40; ++keys) {
         for (size_t depth = 0; depth < 200; depth += 7) {
