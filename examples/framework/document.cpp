@@ -37,6 +37,19 @@ bool hasNameWithNul(const std::string& text) {
     return false;
 }
 
+// json-c asks only whether a character has as many bytes as its first one says (RFC 3629 has more to say).
+bool isUtf8(const std::string& text) {
+    const auto byte = [&text](size_t at) { return static_cast<unsigned char>(text[at]); };
+    for (size_t at = 0; at + 1 < text.size(); ++at) {
+        const unsigned pair = static_cast<unsigned>(byte(at)) << 8 | byte(at + 1);
+        const bool too_long =
+            (pair >= 0xC080 && pair <= 0xC1BF) || pair >> 5 == 0xE080 >> 5 || pair >> 4 == 0xF080 >> 4;
+        const bool half_of_a_pair = pair >> 5 == 0xEDA0 >> 5;
+        if (too_long || half_of_a_pair || pair >= 0xF490) return false;
+    }
+    return true;
+}
+
 void report(const char* path, const char* reason) {
     ka_err(0, 2, "KAJsonParser", "%s: %s", "parseFile", __LINE__, path, reason);
 }
@@ -110,9 +123,13 @@ int KAJsonParser::parseFile(const char* path) {
     // With the null after the text: what ends too early is an error, not to be continued.
     document_ = json_tokener_parse_ex(tokener.get(), text.c_str(), static_cast<int>(text.size()) + 1);
     const json_tokener_error error = json_tokener_get_error(tokener.get());
-    const bool nul = hasNameWithNul(text);
-    if (error == json_tokener_success && !nul) return 1;
-    report(path, nul ? "has a name with \\u0000 inside" : json_tokener_error_desc(error));
+    const char* const reason = error != json_tokener_success          ? json_tokener_error_desc(error)
+                               : hasNameWithNul(text)                 ? "has a name with \\u0000 inside"
+                               : !isUtf8(text)                        ? "is not UTF-8"
+                               : text.find('\0') != std::string::npos ? "has a zero byte"
+                                                                      : nullptr;
+    if (reason == nullptr) return 1;
+    report(path, reason);
     json_object_put(document_);
     document_ = nullptr;
     return 0;

@@ -11,8 +11,11 @@
 namespace {
 
 constexpr size_t kLarge = 1024;
-alignas(8) char g_recordsMemory[2048];
-alignas(8) char g_documentsMemory[10240];
+#ifndef POOL_FACTOR  // a test on a desk has more to keep
+#define POOL_FACTOR 1
+#endif
+alignas(8) char g_recordsMemory[2048 * POOL_FACTOR];
+alignas(8) char g_documentsMemory[10240 * POOL_FACTOR];
 
 Pool& poolFor(size_t size) {
     return size < kLarge ? g_records : g_documents;

@@ -1,0 +1,69 @@
+# ebo_add_framework_tests(TARGET FRAMEWORK [SOURCES FILE...])
+#
+# Adds the program FRAMEWORK_kit and the test kit.FRAMEWORK, with the label kit: whether the target FRAMEWORK, with its
+# <ka/framework.h>, keeps what the library relies on. SOURCES may tell the kit more: kit_host.h. What a host cannot offer
+# is left out with EBO_KIT_FILES=OFF (files: SOURCES then give documents another way) and EBO_KIT_THREADS=OFF.
+option(EBO_KIT_FILES "The kit tries what the framework does with files" ON)
+option(EBO_KIT_THREADS "The kit uses the framework from several threads" ON)
+
+set(EBO_KIT_DIR "${CMAKE_CURRENT_LIST_DIR}" CACHE INTERNAL "Where the kit is")
+
+# Locales that few machines have: with a decimal comma, and with letters whose case is not that of ASCII.
+function(ebo_make_kit_locales)
+  if(DEFINED EBO_KIT_LOCALES)
+    return()
+  endif()
+  find_program(LOCALEDEF localedef)
+  set(folder "${CMAKE_BINARY_DIR}/kit-locales")
+  set(options --no-archive)
+  if(CMAKE_CXX_BYTE_ORDER STREQUAL BIG_ENDIAN)
+    list(APPEND options --big-endian)
+  endif()
+  if(LOCALEDEF)
+    file(MAKE_DIRECTORY "${folder}")
+    foreach(locale de_DE.ISO-8859-1 tr_TR.ISO-8859-9)
+      string(REPLACE "." ";" parts ${locale})
+      list(GET parts 0 language)
+      list(GET parts 1 charset)
+      if(NOT EXISTS "${folder}/${locale}/LC_CTYPE")
+        # Whether it worked the kit sees itself.
+        execute_process(COMMAND ${LOCALEDEF} ${options} -i ${language} -f ${charset} "${folder}/${locale}"
+          OUTPUT_QUIET ERROR_QUIET)
+      endif()
+    endforeach()
+  endif()
+  set(EBO_KIT_LOCALES "${folder}" CACHE INTERNAL "Where the kit finds locales of its own")
+endfunction()
+
+function(ebo_add_framework_tests)
+  cmake_parse_arguments(PARSE_ARGV 0 kit "" "TARGET" "SOURCES")
+  if(NOT kit_TARGET OR kit_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "ebo_add_framework_tests(TARGET FRAMEWORK [SOURCES FILE...])")
+  endif()
+  get_target_property(name ${kit_TARGET} ALIASED_TARGET)
+  if(NOT name)
+    string(MAKE_C_IDENTIFIER ${kit_TARGET} name)
+  endif()
+  if(TARGET ${name}_kit)
+    return()
+  endif()
+  if(NOT TARGET GTest::gtest)
+    find_package(GTest REQUIRED)
+  endif()
+  find_package(Threads REQUIRED)
+  ebo_make_kit_locales()
+
+  set(sources allocator comparison host log main memory numbers parsers shapes texts)
+  list(TRANSFORM sources REPLACE "(.+)" "${EBO_KIT_DIR}/\\1.cpp")
+  add_executable(${name}_kit ${sources} ${kit_SOURCES})
+  # Their functions take the place of weak ones of the kit.
+  set_source_files_properties(${kit_SOURCES} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  target_include_directories(${name}_kit PRIVATE "${EBO_KIT_DIR}")
+  target_compile_features(${name}_kit PRIVATE cxx_std_17)
+  target_compile_definitions(${name}_kit PRIVATE
+    EBO_KIT_FILES=$<BOOL:${EBO_KIT_FILES}> EBO_KIT_THREADS=$<BOOL:${EBO_KIT_THREADS}> "EBO_KIT_LOCALES=\"${EBO_KIT_LOCALES}\"")
+  target_link_libraries(${name}_kit PRIVATE ${kit_TARGET} GTest::gtest Threads::Threads)
+  set_target_properties(${name}_kit PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+  add_test(NAME kit.${name} COMMAND ${name}_kit --gtest_brief=1)
+  set_tests_properties(kit.${name} PROPERTIES LABELS kit)
+endfunction()
