@@ -1,7 +1,11 @@
+#include <locale.h>
+
+#include <charconv>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <limits>
 #include <nlohmann/json.hpp>
+#include <regex>
 
 #include "ka/framework.h"
 #include "ledger.h"
@@ -19,23 +23,78 @@ struct KAJsonParser::Document {
 
 namespace {
 
-void record(Op op, const std::string& name, bool found) {
-    Event event{op, name};
+void record(Op op, const char* name, bool found) {
+    Event event{op, name ? name : "(null)"};
     event.found = found;
     ka_recording::record(std::move(event));
 }
 
 const json* find(const json& object, const char* key) {
-    if (!object.is_object()) return nullptr;
+    if (!key || !object.is_object()) return nullptr;
     const auto found = object.find(key);
     return found == object.end() ? nullptr : &*found;
 }
 
-bool fitsInt32(const json& value) {
-    if (value.is_number_unsigned()) return value.get<uint64_t>() <= std::numeric_limits<int32_t>::max();
+// The JSON library makes a double of every number, and refuses the file where none will do: it gets the longer
+// ones as lists of this and their text.
+const std::string kNumber = "#number";
+
+const std::string* longNumber(const json& value) {
+    const bool is_one = value.is_array() && value.size() == 2 && value[0] == kNumber && value[1].is_string();
+    return is_one ? &value[1].get_ref<const std::string&>() : nullptr;
+}
+
+std::string withLongNumbersAsLists(const std::string& text) {
+    static const std::regex number(R"(-?(0|[1-9]\d*)(\.\d+)?([eE][-+]?\d+)?)");
+    std::string made;
+    for (size_t at = 0; at < text.size();) {
+        size_t end = at + 1;
+        if (text[at] == '"') {
+            while (end < text.size() && text[end] != '"') end += text[end] == '\\' ? 2 : 1;
+            ++end;
+        } else if (text[at] == '-' || (text[at] >= '0' && text[at] <= '9')) {
+            end = text.find_first_not_of("0123456789+-.eE", at);
+        }
+        const std::string token = text.substr(at, end - at);
+        const bool is_long = end - at > 9 || token.find_first_of("eE") != std::string::npos;
+        if (is_long && std::regex_match(token, number)) {
+            made += "[\"" + kNumber + "\",\"" + token + "\"]";
+        } else {
+            made += token;
+        }
+        at += token.size();
+    }
+    return made;
+}
+
+bool readInt32(const json& value, int* out) {
+    if (const std::string* const text = longNumber(value)) {
+        const char* const end = text->data() + text->size();
+        const auto result = std::from_chars(text->data(), end, *out);
+        return result.ec == std::errc() && result.ptr == end;
+    }
     if (!value.is_number_integer()) return false;
-    const auto number = value.get<int64_t>();
-    return number >= std::numeric_limits<int32_t>::min() && number <= std::numeric_limits<int32_t>::max();
+    *out = value.get<int>();
+    return true;
+}
+
+bool readFloat(const json& value, float* out) {
+    if (const std::string* const text = longNumber(value)) {
+        static const locale_t c = newlocale(LC_ALL_MASK, "C", nullptr);
+        *out = strtof_l(text->c_str(), nullptr, c);
+        return true;
+    }
+    if (!value.is_number()) return false;
+    *out = value.get<float>();
+    return true;
+}
+
+// What a lookup that fails leaves: under a recorder what a reader that goes on with it is known by.
+template <typename Value>
+bool give(bool found, Value value, Value spoilt, Value* out) {
+    if (!found && !Recorder::current()) return false;
+    *out = found ? value : spoilt;
+    return found;
 }
 
 void count(int Recorder::*live, int step) {
@@ -48,15 +107,21 @@ int success(int Recorder::*result) {
     return recorder ? recorder->*result : 1;
 }
 
-json parse(const char* path) {
+json parse(const std::string& text) {
+    // To the JSON library a zero byte is the end.
+    if (text.find('\0') != std::string::npos) return json(json::value_t::discarded);
+    return json::parse(withLongNumbersAsLists(text), nullptr, false);
+}
+
+json load(const char* path) {
+    if (!path) return json(json::value_t::discarded);
     const Recorder* const recorder = Recorder::current();
     if (recorder) {
         const auto text = recorder->documents.find(path);
-        if (text != recorder->documents.end()) return json::parse(text->second, nullptr, false);
+        if (text != recorder->documents.end()) return parse(text->second);
     }
     std::ifstream file(path, std::ios::binary);
-    if (!file) return json(json::value_t::discarded);
-    return json::parse(std::istreambuf_iterator<char>(file), {}, nullptr, false);
+    return parse(std::string(std::istreambuf_iterator<char>(file), {}));
 }
 
 }  // namespace
@@ -77,26 +142,26 @@ KaMetaData::~KaMetaData() {
 
 bool KaMetaData::findInt32(const char* key, int* out) const {
     const json* const value = find(keys_->section, key);
-    const bool found = value && fitsInt32(*value);
-    *out = found ? value->get<int>() : 0x5a5a5a5a;
+    int number = 0;
+    const bool found = value && readInt32(*value, &number);
     record(Op::FindInt32, key, found);
-    return found;
+    return give(found, number, 0x5a5a5a5a, out);
 }
 
 bool KaMetaData::findFloat(const char* key, float* out) const {
     const json* const value = find(keys_->section, key);
-    const bool found = value && value->is_number();
-    *out = found ? value->get<float>() : -12345.0F;
+    float number = 0;
+    const bool found = value && readFloat(*value, &number);
     record(Op::FindFloat, key, found);
-    return found;
+    return give(found, number, -12345.0F, out);
 }
 
 bool KaMetaData::findCString(const char* key, const char** out) const {
     const json* const value = find(keys_->section, key);
     const bool found = value && value->is_string();
-    *out = found ? value->get_ref<const std::string&>().c_str() : "17 chn;map:7";
+    const char* const text = found ? value->get_ref<const std::string&>().c_str() : nullptr;
     record(Op::FindCString, key, found);
-    return found;
+    return give(found, text, "17 chn;map:7", out);
 }
 
 KAJsonParser::KAJsonParser() : document_(new Document) {
@@ -110,9 +175,12 @@ KAJsonParser::~KAJsonParser() {
 }
 
 int KAJsonParser::parseFile(const char* path) {
-    document_->root = parse(path);
+    document_->root = load(path);
     const bool accepted = !document_->root.is_discarded();
     record(Op::ParseFile, path, accepted);
+    // Under a recorder only the library's own messages count.
+    if (!accepted && !Recorder::current())
+        ka_err(0, 2, "KAJsonParser", "%s: no JSON", __func__, __LINE__, path ? path : "(null)");
     return accepted ? success(&Recorder::file_result) : 0;
 }
 
@@ -122,6 +190,6 @@ int KAJsonParser::getOptions(const char* root, const char* section, KaMetaData* 
     const json* const keys = object ? find(*object, section) : nullptr;
     const bool found = keys && keys->is_object();
     out->keys_->section = found ? *keys : json::object();
-    record(Op::GetOptions, std::string(root) + "/" + section, found);
+    if (root && section) record(Op::GetOptions, (std::string(root) + "/" + section).c_str(), found);
     return found ? success(&Recorder::section_result) : 0;
 }

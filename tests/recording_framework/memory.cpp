@@ -1,3 +1,4 @@
+#include <locale.h>
 #include <strings.h>
 
 #include <algorithm>
@@ -83,6 +84,14 @@ Event release(Op op, const char* name, const void* memory, const Block& block) {
     return made;
 }
 
+// The linker's names for the begin and the end of a program.
+extern "C" const char __executable_start;
+extern "C" const char end;
+
+bool isStatic(const void* memory) {
+    return address(memory) >= address(&__executable_start) && address(memory) < address(&end);
+}
+
 bool toldToFail(int Recorder::*countdown) {
     Recorder* const recorder = Recorder::current();
     return recorder && recorder->*countdown > 0 && --(recorder->*countdown) == 0;
@@ -128,9 +137,10 @@ void* ka_mem_malloc(size_t size, const char* caller) {
 }
 
 void ka_mem_safe_free(void** pointer, const char* caller) {
+    if (!pointer) return;
     const Block block = *pointer ? take(*pointer) : Block{};
     record(release(Op::SafeFree, caller, *pointer, block));
-    if (block.number != kForeign) __real_free(*pointer);
+    if (block.number != kForeign || !isStatic(*pointer)) __real_free(*pointer);
     *pointer = nullptr;
 }
 
@@ -138,12 +148,14 @@ void* ka_memset(void* memory, int value, size_t size) {
     Event made = event(Op::Memset, "", blockAround(memory), size);
     made.value = value;
     record(made);
-    return std::memset(memory, value, size);
+    return memory ? std::memset(memory, value, size) : nullptr;
 }
 
 int util_strcasecmp(const char* a, const char* b) {
+    if (!a || !b) return (a != nullptr) - (b != nullptr);
     record(event(Op::Compare, (std::string(a) + "|" + b).c_str(), 0, 0));
-    return strcasecmp(a, b);
+    static const locale_t c = newlocale(LC_ALL_MASK, "C", nullptr);
+    return strcasecmp_l(a, b, c);
 }
 
 void __wrap_free(void* memory) {

@@ -6,7 +6,7 @@
 // Blocks that are released in any order. All zero: an empty pool.
 class Pool {
 public:
-    constexpr Pool(void* memory, size_t size) : memory_(static_cast<char*>(memory)), size_(size) {}
+    constexpr Pool(char* memory, size_t size) : memory_(memory), size_(size) {}
 
     // Aligned to eight bytes; null when there is no room.
     void* allocate(size_t size);
