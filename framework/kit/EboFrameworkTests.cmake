@@ -53,7 +53,7 @@ function(ebo_add_framework_tests)
   find_package(Threads REQUIRED)
   ebo_make_kit_locales()
 
-  set(sources allocator comparison host log main memory numbers parsers shapes texts)
+  set(sources main allocator host comparison memory log numbers texts shapes parsers)  # a case stands on those before it
   list(TRANSFORM sources REPLACE "(.+)" "${EBO_KIT_DIR}/\\1.cpp")
   add_executable(${name}_kit ${sources} ${kit_SOURCES})
   # Their functions take the place of weak ones of the kit.

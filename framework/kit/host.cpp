@@ -83,25 +83,18 @@ void Document::rewrite(const std::string& text) {
 }
 
 int integer(const KaMetaData& keys, const char* key) {
-    int value = kNoInteger;
-    const bool found = keys.findInt32(key, &value);
-    EXPECT_TRUE(found || value == kNoInteger) << key << ": not found, but *out was changed";
-    return value;
+    int value = 0;
+    return keys.findInt32(key, &value) ? value : kNoInteger;
 }
 
 float real(const KaMetaData& keys, const char* key) {
-    float value = kNoReal;
-    const bool found = keys.findFloat(key, &value);
-    EXPECT_TRUE(found || value == kNoReal) << key << ": not found, but *out was changed";
-    return value;
+    float value = 0;
+    return keys.findFloat(key, &value) ? value : kNoReal;
 }
 
 std::string text(const KaMetaData& keys, const char* key) {
-    const char* const none = "<none>";
-    const char* value = none;
-    const bool found = keys.findCString(key, &value);
-    EXPECT_TRUE(found || value == none) << key << ": not found, but *out was changed";
-    return found && !value ? "<null>" : value;
+    const char* value = nullptr;
+    return !keys.findCString(key, &value) ? "<none>" : value ? value : "<null>";
 }
 
 bool takes(const std::string& text) {

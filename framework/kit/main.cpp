@@ -117,10 +117,10 @@ void printWhatIsLeftOut() {
     if (!EBO_KIT_FILES) {
         print(
             {"EBO_KIT_FILES=OFF: not tried whether a path that is missing, a folder or not to be read is "
-             "refused, "
-             "whether files are closed again, and whether a file that has changed is read anew. A product "
-             "that "
-             "does reload files may run out of them, or keep its old tuning.\n"});
+             "refused, nor "
+             "whether files are closed again. A product that reads files may report the wrong fault, or run "
+             "out of "
+             "open files.\n"});
     }
     if (!EBO_KIT_THREADS) {
         print(

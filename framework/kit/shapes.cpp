@@ -34,6 +34,26 @@ TEST(Keys, AreSpeltExactlySo) {
     EXPECT_EQ(kit::integer(section.keys, "z[0]"), 7);
 }
 
+TEST(Keys, ThatAreMissingLeaveTheOutputAlone) {
+    explain("a lookup that finds nothing leaves the output as it was",
+            "a field keeps what a lookup in vain has left there, in place of its own value");
+    const kit::Section section(R"("text": "x", "number": 1)");
+    for (const std::string name : {"missing", "text", "number"}) {
+        int integer = 7;
+        float real = 7.5F;
+        const char* const kept = "kept";
+        const char* text = kept;
+        const bool is_number = name == "number";
+        const bool is_text = name == "text";
+        EXPECT_EQ(section.keys.findInt32(name.c_str(), &integer), is_number);
+        EXPECT_EQ(section.keys.findFloat(name.c_str(), &real), is_number);
+        EXPECT_EQ(section.keys.findCString(name.c_str(), &text), is_text);
+        EXPECT_EQ(integer, is_number ? 1 : 7);
+        EXPECT_EQ(real, is_number ? 1.0F : 7.5F);
+        EXPECT_EQ(text != kept, is_text);
+    }
+}
+
 TEST(Keys, MayBeEscapedOrBeyondAscii) {
     explain("a name with escapes is the name that they stand for", "a key written so counts as missing");
     const kit::Section section("\"\\u0072ate\": 1, \"a\\\"b\": 2, \"\xC3\xA4\": 3, \"\": 4");

@@ -3,9 +3,9 @@
 #include <charconv>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <regex>
+#include <sstream>
 
 #include "ka/framework.h"
 #include "ledger.h"
@@ -121,7 +121,9 @@ json load(const char* path) {
         if (text != recorder->documents.end()) return parse(text->second);
     }
     std::ifstream file(path, std::ios::binary);
-    return parse(std::string(std::istreambuf_iterator<char>(file), {}));
+    std::ostringstream text;
+    text << file.rdbuf();
+    return parse(text.str());
 }
 
 }  // namespace
