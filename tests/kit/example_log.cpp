@@ -6,9 +6,7 @@
 std::string kitTakeLog() {
     static uint64_t seen = 0;
     std::string text;
-    for (const KaLogEntry& entry : ka_log_since(seen)) {
-        text += entry.text + "\n";
-        seen = entry.number;
-    }
+    for (const KaLogEntry& entry : ka_log_since(seen)) text += entry.text + "\n";
+    seen = ka_log_last();
     return text;
 }

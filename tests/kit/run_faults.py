@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Builds the frameworks of faults.txt, each with one fault, and runs the kit over them: each must be found by its case.
+"""Builds the frameworks of faults.txt, each with one fault, and runs the kit over them: each must be found by its case,
+and each case of KIT, the kit over a framework without a fault, must find one.
 
-    run_faults.py FAULTS SCRATCH [FAULT...] -- FRAMEWORK DIRECTORY COMPILE LINK [-- ...]
+    run_faults.py FAULTS SCRATCH KIT [FAULT...] -- FRAMEWORK DIRECTORY COMPILE LINK [-- ...]
 
 COMPILE is the command that makes an object of a source, LINK the one that makes the kit of what else it needs; each is one
 argument, its words separated by '|'.
@@ -42,13 +43,24 @@ def run(command, **arguments):
                           **arguments)
 
 
+def cases_of(kit):
+    cases, suite = set(), ""
+    for line in run([kit, "--gtest_list_tests"]).stdout.splitlines():
+        if line.startswith("  "):
+            cases.add(suite + line.strip())
+        else:
+            suite = line
+    return cases
+
+
 def build(fault, frameworks, scratch):
     """The kit over the faulty framework."""
     directory, compile_command, link_command = frameworks[fault.framework]
     source, program = scratch / f"{fault.name}.cpp", scratch / fault.name
     source.write_text(fault.apply((pathlib.Path(directory) / fault.file).read_text()))
     made = scratch / f"{fault.name}.o"
-    for command in ([*compile_command, "-c", source, "-o", made], [made if word == "OBJECT" else word for word in link_command] + ["-o", program]):
+    for command in ([*compile_command, "-c", source, "-o", made],
+                    [*(made if word == "OBJECT" else word for word in link_command), "-o", program]):
         result = run(command)
         if result.returncode:
             raise RuntimeError(f"does not build:\n{result.stdout}")
@@ -74,7 +86,7 @@ def try_fault(fault, frameworks, scratch):
 
 
 def main():
-    faults_file, scratch, *rest = sys.argv[1:]
+    faults_file, scratch, kit, *rest = sys.argv[1:]
     groups, words = [], []
     for word in rest + ["--"]:
         if word == "--":
@@ -83,7 +95,7 @@ def main():
         else:
             words.append(word)
     wanted, *places = groups
-    frameworks = {name: (directory, compile_command.split("|"), link_command.split("|"))
+    frameworks = {name: (directory, list(filter(None, compile_command.split("|"))), list(filter(None, link_command.split("|"))))
                   for name, directory, compile_command, link_command in places}
     text = re.sub(r"^#.*\n", "", pathlib.Path(faults_file).read_text(), flags=re.MULTILINE)
     faults = [Fault(part.rstrip("\n")) for part in re.split(r"\n\n+", text.strip("\n"))]
@@ -99,9 +111,12 @@ def main():
                 wrong += 1
                 print(f"{fault.name}: {reason}")
     cases = {fault.case for fault in faults}
+    idle = [] if wanted else sorted(cases_of(kit) - cases)
+    for case in idle:
+        print(f"{case}: finds no fault")
     print(f"{len(faults) - wrong} of {len(faults)} faults found, by {len(cases)} cases, "
           f"in {time.monotonic() - start:.0f} seconds")
-    return 1 if wrong or not faults else 0
+    return 1 if wrong or idle or not faults else 0
 
 
 if __name__ == "__main__":
