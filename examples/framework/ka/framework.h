@@ -18,7 +18,7 @@ public:
     KaMetaData(const KaMetaData&) = delete;
     KaMetaData& operator=(const KaMetaData&) = delete;
 
-    // An integer beyond 64 bits is read as the nearest 64-bit one, by findFloat as well.
+    // To findFloat an integer beyond 64 bits is the nearest of 64 bits.
     bool findInt32(const char* key, int* out) const;
     bool findFloat(const char* key, float* out) const;
     bool findCString(const char* key, const char** out) const;
@@ -28,7 +28,8 @@ private:
     json_object* section_ = nullptr;
 };
 
-// One tuning file, as a tree of json-c: strict, UTF-8, up to 32 levels deep, no \u0000 in names.
+// One tuning file, as a tree of json-c, which takes a little more than JSON even when it is strict: up to 32
+// levels deep, no \u0000 in names, U+FFFD for half a surrogate pair.
 class KAJsonParser {
 public:
     KAJsonParser() = default;
