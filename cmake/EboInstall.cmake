@@ -51,6 +51,8 @@ install(FILES config/ebo_config.h config/ebo_lifecycle.h config/ebo_params.h con
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config COMPONENT config)
 install(FILES config/parse/ebo_parse.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config/parse COMPONENT config)
 install(FILES config/dump/ebo_dump.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config/dump COMPONENT config)
+install(DIRECTORY framework/kit DESTINATION ${cmake_dir} COMPONENT config
+  FILES_MATCHING PATTERN "*.cpp" PATTERN "*.h" PATTERN "*.cmake")
 
 if(EBO_FRAMEWORK_DIR)
   set(EBO_EMBEDDED_FRAMEWORK OFF)
