@@ -4,17 +4,21 @@ if(EBO_WERROR)
   list(APPEND EBO_WARNINGS -Werror)
 endif()
 
-option(EBO_COVERAGE "Count what runs of the library and the embedded framework" OFF)
+option(EBO_COVERAGE "Count what runs of the library, the embedded framework, and what the tool knows" OFF)
+
+function(ebo_count_runs target)
+  if(EBO_COVERAGE)
+    target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
+    target_link_options(${target} PUBLIC --coverage)
+  endif()
+endfunction()
 
 # The library and the embedded framework run on small devices: no exceptions, no RTTI, and calls of their own functions
 # that the compiler may inline although the code is position-independent.
 function(ebo_compile_for_device target)
   target_compile_options(${target} PRIVATE ${EBO_WARNINGS} -fno-exceptions -fno-rtti -fno-semantic-interposition)
   set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
-  if(EBO_COVERAGE)
-    target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
-    target_link_options(${target} PUBLIC --coverage)
-  endif()
+  ebo_count_runs(${target})
 endfunction()
 
 function(ebo_compile_for_desk target)

@@ -13,15 +13,16 @@ TOKEN = re.compile(
     re.VERBOSE,
 )
 ROW = re.compile(r"^ +(?:EBO_\w+|[A-Z_]+)\(.*\),(?: *//.*)?$|^ +\{&\w+, .*\},$")
-# A row that fills a field, and a constant of a header.
-FIELD = re.compile(r"^ +((?!EBO_STATUS)[A-Z_]+\(.*\)),(?: *//.*)?$", re.MULTILINE)
+# A row that fills a field (one without key and text fills none), and a constant of a header.
+FIELD = re.compile(r"^ +((?!EBO_STATUS|EBO_NO_KEY\(\w+, \w+\))[A-Z_]+\(.*\)),(?: *//.*)?$", re.MULTILINE)
 CONSTANT = re.compile(r"^#define EBO_\w+(?:\(\w+\))? .*|^ +EBO_\w+ = .*?,", re.MULTILINE)
 OTHER_SIGN = {
     "==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">", "&&": "||", "||": "&&", "|=": "&=", "+": "-",
     "-": "+",
 }  # fmt: skip
 NO_STATEMENT = {"return", "using", "constexpr", "const", "static", "case", "break", "namespace", "struct", "template",
-                "else", "for", "while", "auto", "static_assert", "default", "extern", "class", "enum"}  # fmt: skip
+                "else", "for", "while", "auto", "static_assert", "EBO_SOUND", "default", "extern", "class",
+                "enum"}  # fmt: skip
 
 
 @dataclass(frozen=True)

@@ -4,23 +4,16 @@ BUILD holds the test executables. Each is linked anew with the mutant's object, 
 the library, which then yields none, until one fails.
 """
 
-import collections
-import glob
 import json
 import os
-import random
 import re
 import shutil
 import subprocess
 import sys
 import tempfile
-import threading
-from concurrent.futures import ThreadPoolExecutor
 
-from mutants import mutants
+from trial import sources_of, try_mutants
 
-SEED = 1
-ENOUGH = 95  # percent
 SANITIZER = "-fsanitize=address"  # of the library alone, to see what it reads and writes beyond its bounds
 SANITIZED = {**os.environ, "ASAN_OPTIONS": "detect_leaks=0:hard_rss_limit_mb=2048"}
 TIME_LIMIT = 60  # seconds of the processor's time for one test executable; the slowest takes about seven
@@ -106,51 +99,16 @@ class Mutation:
 
 
 def main(build, count, *tests):
-    sources = {}
-    for file in sorted([*glob.glob("config/**/*.cpp", recursive=True), *HEADERS]):
-        with open(file, encoding="utf-8") as source:
-            sources[file] = source.read()
+    sources = sources_of("config/**/*.cpp", *HEADERS)
     with tempfile.TemporaryDirectory() as folder:
         mutation = Mutation(build, tests, sources, folder)
         file, text = next(iter(sources.items()))
         if not mutation.passes(file, text, folder):
             raise SystemExit("the tests do not pass on the library as it is")
-        return mutate(mutation, sources, count)
-
-
-def mutate(mutation, sources, count):
-    waiting = [mutant for file, source in sources.items() for mutant in mutants(file, source)]
-    random.Random(SEED).shuffle(waiting)
-    wanted = len(waiting) if count == "all" else int(count)
-    print(f"{len(waiting)} changes are possible, up to {min(wanted, len(waiting))} are tried; seed {SEED}", flush=True)
-    waiting = collections.deque(waiting)
-    lock = threading.Lock()
-    tried, killed, survivors = 0, 0, []
-
-    def work():
-        nonlocal tried, killed
-        with tempfile.TemporaryDirectory() as folder:
-            while True:
-                with lock:
-                    if not waiting or tried >= wanted:
-                        return
-                    mutant = waiting.popleft()
-                    tried += 1
-                passes = mutation.passes(mutant.file, mutant.apply(sources[mutant.file]), folder)
-                with lock:
-                    tried -= passes is None
-                    killed += passes is False
-                    if passes:
-                        survivors.append(mutant)
-                        print(f"survives: {mutant}", flush=True)
-
-    workers = os.cpu_count() or 1
-    with ThreadPoolExecutor(workers) as pool:
-        for done in [pool.submit(work) for _ in range(workers)]:
-            done.result()
-    total = killed + len(survivors)
-    print(f"{killed} of {total} mutants killed: {100 * killed / total:.1f} %")
-    return 0 if 100 * killed >= ENOUGH * total else 1
+        places = [os.path.join(folder, str(worker)) for worker in range(os.cpu_count() or 1)]
+        for place in places:
+            os.mkdir(place)
+        return try_mutants(mutation.passes, sources, count, places)
 
 
 if __name__ == "__main__":
