@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstring>
+#include <iterator>
 #include <type_traits>
 #include <typeindex>
 #include <vector>
@@ -40,13 +42,6 @@ std::string inBraces(const std::vector<std::string>& values) {
         text += value;
     }
     return text + "}";
-}
-
-template <typename T>
-T valueAt(const char* at) {
-    T value;
-    std::memcpy(&value, at, sizeof(value));
-    return value;
 }
 
 // Octal escapes end after three digits, whatever comes next; and no "??" is left for a trigraph.
@@ -101,7 +96,8 @@ private:
 
 std::string writeMap(Definitions& before, const int16_t* map, const std::string& name) {
     std::vector<std::string> channels;
-    for (int i = 0; i < before.channels(); ++i) channels.push_back(std::to_string(map[i]));
+    std::transform(map, map + before.channels(), std::back_inserter(channels),
+                   [](int16_t channel) { return std::to_string(channel); });
     if (channels.empty()) channels.emplace_back("0");  // C has no array without elements
     before.add("static const int16_t " + name + "[] = " + inBraces(channels));
     return "(int16_t*)" + name;
@@ -129,7 +125,7 @@ template <typename T>
 std::string write(Definitions& before, const char* at, const std::string& name) {
     std::vector<std::string> parts;
     if constexpr (std::is_pointer_v<T>) {
-        return writePointer(before, valueAt<T>(at), name);
+        return writePointer(before, *reinterpret_cast<const T*>(at), name);
     } else if constexpr (std::is_array_v<T>) {
         using Element = std::remove_extent_t<T>;
         for (size_t i = 0; i < std::extent_v<T>; ++i)
@@ -139,7 +135,7 @@ std::string write(Definitions& before, const char* at, const std::string& name) 
             if (field.record == typeid(T)) parts.push_back(field.write(before, at + field.offset, name));
         }
     } else {
-        return numberOf(valueAt<T>(at));
+        return numberOf(*reinterpret_cast<const T*>(at));
     }
     return inBraces(parts);
 }
@@ -147,7 +143,7 @@ std::string write(Definitions& before, const char* at, const std::string& name) 
 const std::vector<Field>& fields() {
     static const std::vector<Field> fields = [] {
         std::vector<Field> all;
-#define SIZE(Record, bits32, bits64) static_assert(sizeof(Record) > 0, "")
+#define SIZE(Record, bits32, bits64) static_cast<void>(0)
 #define OFFSET(Record, field, bits32, bits64) \
     all.push_back({typeid(Record), #Record, #field, offsetof(Record, field), write<decltype(Record::field)>})
 #include <ebo_layout.inc>
