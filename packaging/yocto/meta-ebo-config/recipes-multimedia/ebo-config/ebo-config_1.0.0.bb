@@ -1,6 +1,7 @@
 SUMMARY = "Tuning-file configuration of a voice-processing pipeline"
 SECTION = "libs/multimedia"
-LICENSE = "CLOSED"
+LICENSE = "Apache-2.0"
+LIC_FILES_CHKSUM = "file://LICENSE;md5=8c2a095d6ea36546c91c955f65effd66"
 
 # The tree that this layer is part of.
 inherit externalsrc cmake pkgconfig
@@ -8,7 +9,7 @@ EXTERNALSRC = "${@os.path.abspath(d.expand('${THISDIR}/../../../../..'))}"
 
 DEPENDS = "rapidjson"
 
-EXTRA_OECMAKE = "-DEBO_BUILD_TESTS=OFF -DEBO_BUILD_SHARED=ON"
+EXTRA_OECMAKE = "-DEBO_BUILD_TESTS=OFF -DEBO_BUILD_SHARED=ON -DEBO_WERROR=OFF"
 
 PACKAGECONFIG ??= ""
 PACKAGECONFIG[tool] = "-DEBO_BUILD_TOOLS=ON,-DEBO_BUILD_TOOLS=OFF,cli11 nlohmann-json tomlplusplus"
