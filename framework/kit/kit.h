@@ -15,6 +15,13 @@
 #endif
 #endif
 
+// Before what the kit cannot try without an allocator of its own.
+#ifdef KIT_SANITIZED
+#define KIT_UNWATCHED "a sanitizer watches the memory of this build; one without it tries "
+#else
+#define KIT_UNWATCHED "this program's allocator is not the kit's; not tried: "
+#endif
+
 namespace kit {
 
 // The words of a case: what the library relies on, and what a product does without it. Printed when the case

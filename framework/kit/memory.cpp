@@ -82,8 +82,7 @@ TEST(Memory, IsNullWhenTheAllocatorFails) {
     explain(
         "ka_mem_malloc gives null when the allocator does: the library itself decides what to do then",
         "the product ends, or writes to address 0, without the message that says which record had no memory");
-    if (!kit::allocator::isWatched())
-        KIT_SKIP("memory is not watched in this build: not tried what happens when an allocation fails");
+    if (!kit::allocator::isWatched()) KIT_SKIP(KIT_UNWATCHED "what happens when an allocation fails");
     for (const size_t size : {1u, 68u, 5000u}) {
         kit::allocator::refuse(true);
         void* const block = ka_mem_malloc(size, __func__);

@@ -113,8 +113,7 @@ TEST(Parsers, GiveTheirMemoryBack) {
     explain(
         "what a parser and its records have taken is released when they end, after success and failure alike",
         "a product that reloads its tuning runs out of memory after some days");
-    if (!kit::allocator::isWatched())
-        KIT_SKIP("memory is not watched in this build: not tried whether it is all given back");
+    if (!kit::allocator::isWatched()) KIT_SKIP(KIT_UNWATCHED "whether memory is all given back");
     const kit::Document good(numbered(1));
     const kit::Document bad("{\"r\": {\"s\": {\"k\": [");
     const auto succeed = [&] {
