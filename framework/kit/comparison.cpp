@@ -66,7 +66,7 @@ TEST(Comparison, KnowsTheCaseOfAsciiLettersAlone) {
 
 TEST(Comparison, DoesNotDependOnTheLocale) {
     explain("A-Z count as a-z in every locale, Turkish and Latin-1 included, and nothing else does",
-            "in a product that is set to Turkish, \"DISABLE\" and \"disable\" are two words");
+            "a word with an I in it is another one in a product that is set to Turkish");
     int tried = 0;
     for (const kit::Locale::Kind kind : {kit::Locale::kTurkish, kit::Locale::kLatin1}) {
         const kit::Locale locale(kind);

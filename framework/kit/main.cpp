@@ -49,9 +49,8 @@ void printWords() {
 }
 
 void printEnd(const char* how) {
-    if (!g_case) return;
-    print({"[  FAILED  ] ", g_case, ": ", how, "\n"});
-    printWords();
+    print({"[  FAILED  ] ", g_case ? g_case : "between two cases", ": ", how, "\n"});
+    if (g_case) printWords();
 }
 
 void onSignal(int number) {
@@ -116,17 +115,14 @@ class CurrentCase : public testing::EmptyTestEventListener {
 void printWhatIsLeftOut() {
     if (!EBO_KIT_FILES) {
         print(
-            {"EBO_KIT_FILES=OFF: not tried whether a path that is missing, a folder or not to be read is "
-             "refused, nor "
-             "whether files are closed again. A product that reads files may report the wrong fault, or run "
-             "out of "
-             "open files.\n"});
+            {"EBO_KIT_FILES=OFF: not tried whether a path that is missing, a folder or not to be read is\n"
+             "refused, nor whether files are closed again. A product that reads files may report the wrong\n"
+             "fault, or run out of open files.\n"});
     }
     if (!EBO_KIT_THREADS) {
         print(
-            {"EBO_KIT_THREADS=OFF: not tried whether loads, lookups, memory and log may be used by several "
-             "threads at "
-             "once. A product that loads or dumps on more than one thread may mix up their values.\n"});
+            {"EBO_KIT_THREADS=OFF: not tried whether loads, lookups, memory and log may be used by several\n"
+             "threads at once. A product that loads or dumps on more than one thread may mix up values.\n"});
     }
     for (const std::string& reason : *g_skipped) print({"left out: ", reason.c_str(), "\n"});
 }

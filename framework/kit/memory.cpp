@@ -10,7 +10,7 @@ using kit::explain;
 
 namespace {
 
-// Not volatile: the compiler shall not know what comes out of the framework.
+// So that the compiler does not warn of the size.
 size_t hidden(size_t value) {
     volatile size_t copy = value;
     return copy;

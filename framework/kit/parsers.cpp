@@ -2,7 +2,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstddef>
 #include <filesystem>
+#include <iterator>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -167,11 +169,8 @@ TEST(Files, ThatCannotBeReadAreRefused) {
     expectEmpty(parser);
 }
 
-size_t openFiles() {
-    size_t count = 0;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd"))
-        count += entry.exists() ? 1 : 1;
-    return count;
+ptrdiff_t openFiles() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
 TEST(Files, AreClosedAgain) {
@@ -183,7 +182,7 @@ TEST(Files, AreClosedAgain) {
     const kit::Document bad("{");
     KAJsonParser parser;
     parser.parseFile(bad.name());
-    const size_t before = openFiles();
+    const ptrdiff_t before = openFiles();
     std::vector<std::unique_ptr<KAJsonParser>> parsers;
     for (int i = 0; i < 20; ++i) {
         parsers.push_back(std::make_unique<KAJsonParser>());

@@ -121,7 +121,8 @@ TEST(Sections, ThatAreMissingLeaveTheRecordEmpty) {
     explain("getOptions empties the record when root or section is missing or no object",
             "a missing section is filled with the values of the one before, and nothing is reported");
     kit::Opened opened(
-        R"({"r": {"s": {"k": 1, "t": "x"}, "list": [{"k": 2}], "text": "k", "nil": null, "n": 3, "none": {}}, "a": [], "z": null})");
+        R"({"r": {"s": {"k": 1, "t": "x"}, "list": [{"k": 2}], "text": "k", "nil": null, "n": 3, "none": {}},
+            "a": [], "z": null})");
     const struct {
         const char* root;
         const char* section;
@@ -146,7 +147,8 @@ TEST(Sections, HoldTheirOwnKeysAlone) {
         "a record holds the keys of its section: none of an object inside, of the root or of another section",
         "a key that is missing is taken from somewhere else in the file");
     kit::Opened opened(
-        R"({"k0": 1, "r": {"k1": 2, "s": {"k2": 3, "inner": {"k3": 4}, "list": [{"k4": 5}]}, "t": {"k5": 6}}})");
+        R"({"k0": 1, "r": {"k1": 2, "s": {"k2": 3, "inner": {"k3": 4}, "list": [{"k4": 5}]},
+             "t": {"k5": 6}}})");
     KaMetaData keys;
     opened.parser.getOptions("r", "s", &keys);
     for (const char* key : {"k0", "k1", "k3", "k4", "k5", "inner", "list", "s", "r"})
@@ -167,7 +169,8 @@ TEST(Nulls, AreNothingToFind) {
     explain("a null key, root or section is found nowhere, and a null output is left alone: result 0",
             "a host that asks for a section by a name it does not have crashes in the framework");
     kit::Opened opened(
-        R"-({"r": {"s": {"k": 1, "(null)": 2, "": 3}, "": {"k": 4}}, "": {"s": {"k": 5}}, "(null)": {"s": {}}})-");
+        R"-({"r": {"s": {"k": 1, "(null)": 2, "": 3}, "": {"k": 4}}, "": {"s": {"k": 5}},
+             "(null)": {"s": {}}})-");
     KaMetaData keys;
     EXPECT_EQ(opened.parser.getOptions("r", "s", nullptr), 0);
     EXPECT_EQ(opened.parser.getOptions("missing", "s", nullptr), 0);

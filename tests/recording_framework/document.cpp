@@ -35,8 +35,8 @@ const json* find(const json& object, const char* key) {
     return found == object.end() ? nullptr : &*found;
 }
 
-// The JSON library makes a double of every number, and refuses the file where none will do: it gets the longer
-// ones as lists of this and their text.
+// The JSON library makes a double of every number, and refuses the file where none will do: it gets the
+// longer ones as lists of this and their text.
 const std::string kNumber = "#number";
 
 const std::string* longNumber(const json& value) {

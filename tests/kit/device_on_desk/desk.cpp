@@ -1,5 +1,5 @@
-// The board of examples/bare_metal is a process: its console standard error, its flash what the kit puts there,
-// and all memory of the process comes from the device's pools.
+// The board of examples/bare_metal is a process: its console standard error, its flash what the kit puts
+// there, and all memory of the process comes from the device's pools.
 #include <board.h>
 #include <file_buffer.h>
 #include <kit_host.h>
