@@ -104,7 +104,7 @@ long liveBlocks();
 void refuse(bool on);  // to this thread
 }  // namespace allocator
 
-// Sets the process's locale to the first of these that there is, and back.
+// Sets the process's locale to one of this kind, where there is one, and back.
 class Locale {
 public:
     enum Kind { kDecimalComma, kTurkish, kLatin1 };
