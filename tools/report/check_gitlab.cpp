@@ -36,7 +36,9 @@ void writeCheckGitlab(const std::vector<CheckReport>& reports, std::ostream& out
             findings.push_back(qualityOf(report, path, finding, fingerprints));
         }
         for (const auto& [code, count] : report.left) {
-            const CheckFinding rest = {code, {}, "and " + std::to_string(count) + " more", "", ""};
+            CheckFinding rest;
+            rest.code = code;
+            rest.text = "and " + std::to_string(count) + " more";
             findings.push_back(qualityOf(report, path, rest, fingerprints));
             findings.back()["description"] = code->title + (": " + rest.text);
         }
