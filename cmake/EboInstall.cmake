@@ -1,6 +1,6 @@
 # Components: `config` is what a host builds with, `config_runtime` the shared library that it then runs with;
-# `framework` and `framework_runtime` are the same of the embedded framework, where the library stands on that; `tool` is
-# eboconf with its man page, completions, schema and examples.
+# `framework` and `framework_runtime` are the same of the embedded framework, where the library stands on that; `live` is
+# a running product's tuning; `tool` is eboconf with its man page, completions, schema and examples.
 include(CMakePackageConfigHelpers)
 
 # A folder that is given whole but lies in the prefix moves with it.
@@ -53,6 +53,13 @@ install(FILES config/parse/ebo_parse.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/e
 install(FILES config/dump/ebo_dump.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config/dump COMPONENT config)
 install(DIRECTORY framework/kit DESTINATION ${cmake_dir} COMPONENT config
   FILES_MATCHING PATTERN "*.cpp" PATTERN "*.h" PATTERN "*.cmake")
+
+if(TARGET ebo_live)
+  set_target_properties(ebo_live PROPERTIES EXPORT_NAME live)
+  install(TARGETS ebo_live EXPORT ebo_live_targets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT live)
+  install(EXPORT ebo_live_targets NAMESPACE ebo:: DESTINATION ${cmake_dir} COMPONENT live)
+  install(FILES live/ebo_live.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ebo_config COMPONENT live)
+endif()
 
 if(EBO_FRAMEWORK_DIR)
   set(EBO_EMBEDDED_FRAMEWORK OFF)

@@ -59,4 +59,8 @@ else()
     "libka-framework-dev ${version}")
   ebo_debian_package(framework libka-framework-dev libdevel "Embedded host framework of ebo_config, for building")
 endif()
+if(TARGET ebo_live)
+  ebo_debian_package(live libebo-config-live-dev libdevel "Tuning files of the voice pipeline in a running product"
+    "libebo-config-dev ${version}")
+endif()
 include(CPack)
