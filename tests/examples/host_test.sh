@@ -68,33 +68,62 @@ sed '0,/"mic_chn_map": *"[0-9]*/s//"mic_chn_map": "17/' "$tunings/six-mic-confer
 
 cp "$tunings/two-mic-speaker.json" "$file"
 start
-await 'component: loaded' 1
+await 'component: capture path taken from the file' 1
 expect_tuning two-mic-speaker
 
 replace "$tunings/six-mic-conference.json"
-await 'component: loaded anew' 1
+await 'component: capture path taken from the file' 2
 expect_tuning six-mic-conference
 
 bad=0
 for name in cut-off key-missing aborts; do
     replace "$work/$name.json"
-    await 'component: not loaded, keeps the last good one' $((++bad))
+    await 'component: capture path not taken: .*' $((++bad))
     expect_tuning six-mic-conference
 done
 
 # Written in place, as an editor may do it.
 cat "$tunings/two-mic-speaker.json" >"$file"
-await 'component: loaded anew' 2
+await 'component: capture path taken from the file' 3
 expect_tuning two-mic-speaker
 stop
 
-# A bad file from the beginning: defaults, until there is a good one.
+# A bad file from the beginning: the last good one, or without that defaults, until there is a good one.
 dumps=0
 cp "$work/aborts.json" "$file"
 start
-await 'component: not loaded, runs with defaults' 1
+await 'component: capture path taken from the kept file' 1
+expect_tuning two-mic-speaker
+stop
+rm "$file".*
+dumps=0
+start
+await 'component: capture path taken from the defaults' 1
 expect_tuning defaults
 replace "$tunings/six-mic-conference.json"
-await 'component: loaded anew' 1
+await 'component: capture path taken from the file' 1
 expect_tuning six-mic-conference
 stop
+
+# Nobody reads what it prints: its engine goes on, and so do the loads.
+mkfifo "$work/unread"
+"${run[@]}" "$program" "$file" >"$work/unread" 2>&1 &
+pid=$!
+exec 3<"$work/unread"
+frames() { awk '/^voluntary/ { sum += $2 } END { print sum }' /proc/"$pid"/task/*/status; }
+while (($(find /proc/"$pid"/task -mindepth 1 -maxdepth 1 | wc -l) < 3)); do sleep 0.05; done
+for ((i = 0; i < 400; ++i)); do kill -USR1 "$pid"; sleep 0.005; done
+before=$(frames)
+sleep 1
+after=$(frames)
+((after - before > 30)) || fail "the engine stands while nobody reads: $((after - before)) frames in a second"
+replace "$tunings/two-mic-speaker.json"
+for ((i = 0; i < 200; ++i)); do
+    ! cmp -s "$file" "$file.good-capture" || break
+    sleep 0.05
+done
+cmp "$file" "$file.good-capture" || fail "it loads nothing while nobody reads"
+kill -TERM "$pid"
+cat <&3 >/dev/null &
+wait "$pid" || fail "it ended with status $?"
+pid=
