@@ -68,7 +68,8 @@ struct EboLiveOptions {
 
     // Takes changes by itself; otherwise only when reload() asks for it.
     bool watch = true;
-    // Changes are taken when none came for `quiet_ms`, and `burst_ms` after the first one at the latest.
+    // Changes are taken when none came for `quiet_ms`, and `burst_ms` after the first one at the latest; while
+    // somebody has the file open for writing, later, by 2 s at the most.
     unsigned quiet_ms = 20;
     unsigned burst_ms = 200;
     size_t most_bytes = 1U << 20;  // a larger file is refused unread
@@ -141,7 +142,8 @@ public:
     // a callback.
     void stop();
 
-    // Reads the file now and returns when that is done; asked for by a callback, it is done after that.
+    // Reads the file now and returns when that is done, which may take 2 s while somebody is writing to it;
+    // asked for by a callback, it is done after that.
     void reload();
 
     // The engine cannot work with the records in use: goes back to those before, at last to the defaults.

@@ -235,6 +235,18 @@ TEST(Forecast, OfManyFaultsAtOnceIsWhatTheLoadersDo) {
     EXPECT_GT(seen.loaded, 100);
 }
 
+// The forecast looks at every key, also of a section that is not enabled.
+TEST(Forecast, NeedsNoKeyThatTheReaderLeavesUnread) {
+    for (const EboLoad& load : kEboLoads) {
+        for (size_t i = 0; i < load.sectionCount; ++i) {
+            const EboSection& section = *load.sections[i];
+            if (section.whenDisabled == EboDisabled::IsRead || section.optional != 0) continue;
+            for (size_t row = 1; row < section.rowCount; ++row)
+                EXPECT_NE(section.rows[row].ifMissing, EboIfMissing::Fails) << section.rows[row].key;
+        }
+    }
+}
+
 TEST(Forecast, DemandsEverySectionOfAPlaybackPathThatMustBeWhole) {
     json document = live_test::numbered(7);
     document["ebo_ao_configs"]["howl"].erase("mode");
