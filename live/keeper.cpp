@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
 #include <cinttypes>
 #include <cstdio>
 #include <cstring>
@@ -47,11 +48,17 @@ std::vector<Fingerprint> Keeper::rejected(EboLivePart part) const {
     std::vector<Fingerprint> all;
     const Bytes text = read("rejected", part);
     if (text == nullptr) return all;
-    Fingerprint one;
-    int length = 0;
-    for (const char* at = text->c_str();
-         std::sscanf(at, "%" SCNu64 " %" SCNx64 "%n", &one.length, &one.hash, &length) == 2; at += length)
+    const char* const end = text->data() + text->size();
+    for (const char* at = text->data(); at < end; ++at) {
+        Fingerprint one;
+        const auto length = std::from_chars(at, end, one.length);
+        if (length.ptr == end || *length.ptr != ' ') break;
+        const auto hash = std::from_chars(length.ptr + 1, end, one.hash, 16);
+        if (hash.ec != std::errc()) break;
         all.push_back(one);
+        at = hash.ptr;  // the newline
+        if (at == end) break;
+    }
     return all;
 }
 

@@ -61,11 +61,11 @@ void Watch::follow() {
         char target[PATH_MAX];
         const ssize_t length = readlink((folder + name).c_str(), target, sizeof target);
         if (length < 0) {
-            folder += name + "/";
+            folder.append(name).append("/");
             continue;
         }
         if (++links > kMostLinks) break;
-        rest = std::string(target, static_cast<size_t>(length)) + "/" + rest;
+        rest.insert(0, "/").insert(0, target, static_cast<size_t>(length));
         if (rest[0] == '/') folder = "/";
     }
     for (const Step& former : steps_) {

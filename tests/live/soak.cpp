@@ -272,12 +272,13 @@ int main(int argc, char** argv) {
     }
 
     Engine engine(live, microseconds(100));
-    Engine slow(live, milliseconds(3));
+    Engine slow(live, milliseconds(1));
     const Clock::time_point begin = Clock::now();
     long early = 0;
     long latest = 0;
     Clock::time_point sampled = begin;
-    for (Clock::time_point due = begin; due < begin + seconds; due += microseconds(1000000 / per_second)) {
+    for (Clock::time_point due = begin; Clock::now() < begin + seconds;
+         due += microseconds(1000000 / per_second)) {
         std::this_thread::sleep_until(due);
         storm.change();
         if (Clock::now() < sampled + milliseconds(100)) continue;
