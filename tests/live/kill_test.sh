@@ -32,7 +32,8 @@ is_ready() { grep -q ready "$work/said"; }
 is_traced() { grep -q attached "$work/strace"; }
 
 # With 1 kept, and then 2: reads 3 (WHAT is reload) or rejects 2, with strace and these options at its loading thread.
-# False when it was killed.
+# False when it was killed. A loaded machine may keep strace from the thread: then all starts again.
+misses=0
 run_traced() {
     local what=$1 tracer status=0
     rm -f "$file"*
@@ -46,7 +47,14 @@ run_traced() {
     : >"$work/strace"
     strace -p "$thread" "${@:2}" 2>"$work/strace" &
     tracer=$!
-    await is_traced
+    while ! is_traced && kill -0 "$tracer" 2>/dev/null; do sleep 0.005; done
+    if ! is_traced; then
+        ((++misses < 20)) || fail "strace does not come to the thread: $(<"$work/strace")"
+        exec 9>&-
+        { kill -KILL "$pid"; wait "$pid" "$tracer"; } 2>/dev/null
+        run_traced "$@"
+        return
+    fi
     echo >&9
     exec 9>&-
     { wait "$pid" || status=1; } 2>/dev/null

@@ -150,7 +150,7 @@ void addChoice(CLI::App& command, CheckOptions& options) {
 }
 
 std::string whyNoSingleCode(const std::string& text) {
-    const std::string why = whyNoCode(text);
+    std::string why = whyNoCode(text);
     if (!why.empty() || codeNamed(text) != nullptr) return why;
     return inQuotes(text) + " is more than one code";
 }
