@@ -33,8 +33,7 @@ template KaJsonSiblings siblingsBelow<false>(const KaJsonEntry& root, const char
 template KaJsonSiblings siblingsBelow<true>(const KaJsonEntry& section, const char* text);
 
 bool isCalled(const KaJsonEntry& entry, const char* name, const char* text) {
-    return !entry.hasNul() && strncmp(text + entry.name, name, entry.name_length) == 0 &&
-           name[entry.name_length] == '\0';
+    return strncmp(text + entry.name, name, entry.name_length) == 0 && name[entry.name_length] == '\0';
 }
 
 const KaJsonEntry* findAnywhere(KaJsonSiblings* siblings, const char* name, const char* text) {

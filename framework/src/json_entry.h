@@ -36,6 +36,7 @@ static_assert(sizeof(KaJsonEntry) == 16, "the table is most of what a document t
 template <bool kKeys>
 KaJsonSiblings siblingsBelow(const KaJsonEntry& parent, const char* text);
 
+// For an entry whose own name holds no NUL.
 bool isCalled(const KaJsonEntry& entry, const char* name, const char* text);
 
 // The one that is called `name`; null when there is none.
@@ -55,7 +56,7 @@ __attribute__((no_sanitize("address"))) inline bool isCalledAtOnce(const KaJsonE
     const auto different = ~static_cast<unsigned>(_mm_movemask_epi8(same));
     return (different & ((1U << entry.name_length) - 1)) == 0 && name[entry.name_length] == '\0';
 #else
-    return isCalled(entry, name, text);
+    return !entry.hasNul() && isCalled(entry, name, text);
 #endif
 }
 

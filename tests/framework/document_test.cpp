@@ -38,6 +38,8 @@ TEST(Document, SaysWhetherASectionWasFound) {
     EXPECT_EQ(0, document.parser.getOptions("playback", "bf", &keys));
     EXPECT_EQ(0, document.parser.getOptions("Capture", "aec", &keys));
     EXPECT_EQ(0, document.parser.getOptions("capture", "AEC", &keys));
+    EXPECT_NE(0, document.parser.getOptions("capture", "aec", &keys));
+    EXPECT_EQ(0, document.parser.getOptions("capture, and more of it", "aec", &keys));
     EXPECT_EQ(0, document.parser.getOptions("capture", "", &keys));
     EXPECT_EQ(0, document.parser.getOptions("", "aec", &keys));
 }
