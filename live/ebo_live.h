@@ -1,5 +1,5 @@
-// A product's tuning while it runs: loaded at the start, taken anew whenever its file changes, and never worse
-// than the last good one. Linux only; links the static library.
+// A product's tuning while it runs: loaded at the start, taken anew whenever its file changes, and never
+// worse than the last good one. Linux only; links the static library.
 //
 //     EboLiveOptions options;
 //     options.path = "/etc/voice/tuning.json";
@@ -68,14 +68,14 @@ struct EboLiveOptions {
 
     // Takes changes by itself; otherwise only when reload() asks for it.
     bool watch = true;
-    // Changes are taken when none came for `quiet_ms`, and `burst_ms` after the first one at the latest; while
-    // somebody has the file open for writing, later, by 2 s at the most.
+    // Changes are taken when none came for `quiet_ms`, and `burst_ms` after the first one at the latest;
+    // while somebody has the file open for writing, later, by 2 s at the most.
     unsigned quiet_ms = 20;
     unsigned burst_ms = 200;
     size_t most_bytes = 1U << 20;  // a larger file is refused unread
 
-    // A playback path is taken also when one of its sections is missing or incomplete: as the loader does, its
-    // record is null then.
+    // A playback path is taken also when one of its sections is missing or incomplete: as the loader does,
+    // its record is null then.
     bool incomplete_playback = false;
 
     // For each part a child process loads first what this one is about to load: then not even a fault of the

@@ -29,8 +29,8 @@ std::string said(const EboSection& section, const std::string& message) {
     return std::string(section.function) + ": " + message;
 }
 
-// All of its keys, whatever its status: a section of which the reader leaves keys unread when it is not enabled
-// is an optional one, or requires none of them.
+// All of its keys, whatever its status: a section of which the reader leaves keys unread when it is not
+// enabled is an optional one, or requires none of them.
 Forecast ofSection(KAJsonParser& parser, const EboLoad& load, const EboSection& section) {
     KaMetaData keys;
     parser.getOptions(load.root, section.name, &keys);

@@ -42,7 +42,8 @@ private:
     std::string first_error_;
 };
 
-// From now on this process, a child, drops messages unseen: a lock of its parent's may never be released here.
+// From now on this process, a child, drops messages unseen: a lock of its parent's may never be released
+// here.
 void fallSilent();
 
 }  // namespace ebo_live

@@ -25,9 +25,8 @@ function(ebo_make_kit_locales)
   if(LOCALEDEF)
     file(MAKE_DIRECTORY "${folder}")
     foreach(locale de_DE.ISO-8859-1 tr_TR.ISO-8859-9)
-      string(REPLACE "." ";" parts ${locale})
-      list(GET parts 0 language)
-      list(GET parts 1 charset)
+      string(REGEX REPLACE "[.].*" "" language ${locale})
+      string(REGEX REPLACE "^[^.]*[.]" "" charset ${locale})
       if(NOT EXISTS "${folder}/${locale}/LC_CTYPE")
         # Whether it worked the kit sees itself.
         execute_process(COMMAND ${LOCALEDEF} ${options} -i ${language} -f ${charset} "${folder}/${locale}"

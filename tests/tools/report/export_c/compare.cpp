@@ -1,5 +1,5 @@
-// Compares the trees of trees.inc with what the loaders give of their files: every byte of every record but the
-// addresses, and what the addresses point at.
+// Compares the trees of trees.inc with what the loaders give of their files: every byte of every record but
+// the addresses, and what the addresses point at.
 #include <ebo_config.h>
 #include <ka/log_sink.h>
 
