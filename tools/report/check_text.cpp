@@ -40,8 +40,8 @@ std::string shownInQuote(std::string_view character, char32_t code) {
     return character == "\t" ? " " : printable(character);
 }
 
-// What stands in each column: a character with the marks that combine with it; nothing in the second column of
-// a wide one.
+// What stands in each column: a character with the marks that combine with it; nothing in the second column
+// of a wide one.
 std::vector<std::string> columnsOf(std::string_view text) {
     std::vector<std::string> columns;
     for (size_t at = 0; at < text.size();) {

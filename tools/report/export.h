@@ -36,6 +36,6 @@ struct BuiltIn {
     std::string definition;   // for C99 and C++17, on processors of any kind
 };
 
-// What `load` gives of `tuning`, which has it, as a constant `name` of the record type that the loader returns. Field by
-// field, pointed-at data included, it is what the loader gives.
+// What `load` gives of `tuning`, which has it, as a constant `name` of the record type that the loader
+// returns. Field by field, pointed-at data included, it is what the loader gives.
 BuiltIn exportBuiltIn(const Tuning& tuning, const EboLoad& load, const std::string& name);

@@ -7,8 +7,8 @@
 
 namespace {
 
-// The C library knows it, in a locale of UTF-8; the user's may be another. Without that locale, as for what is
-// not printable, a column.
+// The C library knows it, in a locale of UTF-8; the user's may be another. Without that locale, as for what
+// is not printable, a column.
 size_t widthOf(char32_t code) {
     static const locale_t utf8 = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
     const locale_t before = uselocale(utf8);

@@ -1,10 +1,10 @@
 // Writes trees as C, and the tuning files that they are of:
 //
-//     write_trees FOLDER SOURCES given           every loader's tree of each example and of each faulty input that loads
-//     write_trees FOLDER SOURCES FIRST COUNT     random trees
+//     write_trees FOLDER SOURCES given         every loader's tree of each example and faulty input that loads
+//     write_trees FOLDER SOURCES FIRST COUNT   random trees
 //
-// FOLDER gets trees_0.c ... of SOURCES sources, trees.h, trees.inc with a line TREE(part, name, channels, file) for each,
-// and the files.
+// FOLDER gets trees_0.c ... of SOURCES sources, trees.h, trees.inc with a line for each, TREE(part, name,
+// channels, file), and the files.
 #include <ka/log_sink.h>
 
 #include <cstdlib>
