@@ -1,7 +1,7 @@
 // Writes trees as C, and the tuning files that they are of:
 //
-//     write_trees FOLDER SOURCES given         every loader's tree of each example and faulty input that loads
-//     write_trees FOLDER SOURCES FIRST COUNT   random trees
+//     write_trees FOLDER SOURCES given every loader's tree of each example and faulty input that loads
+//     write_trees FOLDER SOURCES FIRST COUNT random trees
 //
 // FOLDER gets trees_0.c ... of SOURCES sources, trees.h, trees.inc with a line for each, TREE(part, name,
 // channels, file), and the files.
