@@ -13,7 +13,7 @@ set(EBO_KIT_DIR "${CMAKE_CURRENT_LIST_DIR}" CACHE INTERNAL "Where the kit is")
 
 # Locales that few machines have: with a decimal comma, and with letters whose case is not that of ASCII.
 function(ebo_make_kit_locales)
-  if(DEFINED EBO_KIT_LOCALES)
+  if(EXISTS "${EBO_KIT_LOCALES}")
     return()
   endif()
   find_program(LOCALEDEF localedef)
